@@ -1,0 +1,208 @@
+#include "difference.h"
+
+#include "math_constants.h"
+
+#include <cmath>
+
+namespace {
+
+double square(double v)
+{
+    return v * v;
+}
+
+double chroma(LabColor lab)
+{
+    return std::hypot(lab.a, lab.b);
+}
+
+double radians_of(double degrees)
+{
+    return degrees / kDegreesPerRadian;
+}
+
+// CMC weights [Clarke1984]:
+//   SL = 0.511 for L1 < 16, else 0.040975 L1 / (1 + 0.01765 L1)   (L1 = 16 takes the formula)
+//   SC = 0.0638 C1 / (1 + 0.0131 C1) + 0.638
+//   F  = √(C1⁴ / (C1⁴ + 1900))
+//   T  = 0.56 + |0.2 cos(h1 + 168°)| for 164° ≤ h1 ≤ 345° (both ends inclusive),
+//        0.36 + |0.4 cos(h1 + 35°)|  otherwise
+//   SH = SC (F T + 1 − F)
+double cmc_SL(double L1)
+{
+    return L1 < 16 ? 0.511 : 0.040975 * L1 / (1 + 0.01765 * L1);
+}
+
+double cmc_SC(double C1)
+{
+    return 0.0638 * C1 / (1 + 0.0131 * C1) + 0.638;
+}
+
+double cmc_F(double C1)
+{
+    const double C1_4 = C1 * C1 * C1 * C1;
+    return std::sqrt(C1_4 / (C1_4 + 1900));
+}
+
+// h1 in degrees, wrapped into [0, 360) with the floor passed through a 32-bit integer.
+double cmc_T(double h1_degrees)
+{
+    const double h1 = h1_degrees - int32_from_double(std::floor(h1_degrees / 360.0)) * 360.0;
+    if (164 <= h1 && h1 <= 345)
+        return 0.56 + std::fabs(0.2 * std::cos(radians_of(h1 + 168)));
+    return 0.36 + std::fabs(0.4 * std::cos(radians_of(h1 + 35)));
+}
+
+// 25⁷, the constant of the chroma factors in CIEDE2000.
+constexpr double k25To7 = 6103515625.0;
+
+double seventh_power(double v)
+{
+    return v * v * v * v * v * v * v;
+}
+
+// CIEDE2000 hue in degrees in [0, 360); atan2(0, 0) = 0 gives achromatic colours hue 0.
+double hue_degrees(double b, double a_prime)
+{
+    const double h = std::atan2(b, a_prime) * kDegreesPerRadian;
+    return h < 0 ? h + 360 : h;
+}
+
+} // namespace
+
+// CIE 1976 [CIE015-2004, 8.2.1]: ΔE*ab = √(ΔL*² + Δa*² + Δb*²), ΔH*ab = √(ΔE² − ΔL² − ΔC²).
+double delta_E_Lab_CIE1976(LabColor lab1, LabColor lab2)
+{
+    return std::sqrt(square(lab2.L - lab1.L) + square(lab2.a - lab1.a) + square(lab2.b - lab1.b));
+}
+
+double delta_L_Lab_CIE1976(LabColor lab1, LabColor lab2)
+{
+    return lab2.L - lab1.L;
+}
+
+double delta_C_Lab_CIE1976(LabColor lab1, LabColor lab2)
+{
+    return chroma(lab2) - chroma(lab1);
+}
+
+double delta_H_Lab_CIE1976(LabColor lab1, LabColor lab2)
+{
+    const double da = lab2.a - lab1.a, db = lab2.b - lab1.b;
+    const double dC = chroma(lab2) - chroma(lab1);
+    return std::sqrt(da * da + db * db - dC * dC);
+}
+
+// CIE 1994 [CIE116-1995]:
+//   ΔE94 = √((ΔL / kL SL)² + (ΔC / kC SC)² + (ΔH / kH SH)²), SL = 1, kC = kH = 1,
+//   SC = 1 + K1 C1, SH = 1 + K2 C1, ΔH² = Δa² + Δb² − ΔC² clamped at 0.
+double delta_E_Lab_CIE1994(bool textiles, LabColor lab1, LabColor lab2)
+{
+    const double C1 = chroma(lab1), C2 = chroma(lab2);
+    const double dL = lab1.L - lab2.L, dC = C1 - C2;
+    const double da = lab1.a - lab2.a, db = lab1.b - lab2.b;
+    const double kL = textiles ? 2.0 : 1.0;
+    const double K1 = textiles ? 0.048 : 0.045;
+    const double K2 = textiles ? 0.014 : 0.015;
+    const double dH2 = da * da + db * db - dC * dC;
+    const double dH = dH2 > 0 ? std::sqrt(dH2) : 0;
+    const double SC = 1 + K1 * C1;
+    const double SH = 1 + K2 * C1;
+    return std::sqrt(square(dL / kL) + square(dC / SC) + square(dH / SH));
+}
+
+// CIEDE2000 [Sharma2005, eqs. 1–22]. The mean hue adds 360 when |h1' − h2'| > 180 and never
+// subtracts it, so Hm may lie in (360, 450): the cosines of T do not mind, and only the
+// rotation term RT sees the larger angle. Kept as the comparison tables were made with it.
+double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
+{
+    const double C1 = chroma(lab1), C2 = chroma(lab2);
+    const double Cm7 = seventh_power((C1 + C2) / 2);
+    const double G = 1 + 0.5 * (1 - std::sqrt(Cm7 / (Cm7 + k25To7)));
+    const double a1p = lab1.a * G, a2p = lab2.a * G;
+    const double C1p = std::hypot(a1p, lab1.b), C2p = std::hypot(a2p, lab2.b);
+    const double h1p = hue_degrees(lab1.b, a1p), h2p = hue_degrees(lab2.b, a2p);
+
+    const double S = h1p + h2p;
+    const double Hm = std::fabs(h1p - h2p) > 180 ? (S + 360) / 2 : S / 2;
+    const double T = 1 - 0.17 * std::cos(radians_of(Hm - 30)) + 0.24 * std::cos(radians_of(2 * Hm)) +
+                     0.32 * std::cos(radians_of(3 * Hm + 6)) - 0.20 * std::cos(radians_of(4 * Hm - 63));
+
+    double dhp = h2p - h1p;
+    if (std::fabs(dhp) > 180)
+        dhp += h1p >= h2p ? 360 : -360;
+    const double dHp = 2 * std::sqrt(C1p * C2p) * std::sin(radians_of(dhp / 2));
+
+    const double Cmp = (C1p + C2p) / 2;
+    const double Cmp7 = seventh_power(Cmp);
+    const double RC = std::sqrt(Cmp7 / (Cmp7 + k25To7));
+    const double dTheta = 30 * std::exp(-square((Hm - 275) / 25));
+    const double RT = -2 * RC * std::sin(radians_of(2 * dTheta));
+
+    const double Lm50 = (lab1.L + lab2.L) / 2 - 50;
+    const double SL = 1 + 0.015 * Lm50 * Lm50 / std::sqrt(20 + Lm50 * Lm50);
+    const double SC = 1 + 0.045 * Cmp;
+    const double SH = 1 + 0.015 * Cmp * T;
+
+    const double dL = (lab2.L - lab1.L) / SL;
+    const double dC = (C2p - C1p) / SC;
+    const double dH = dHp / SH;
+    return std::sqrt(dL * dL + dC * dC + dH * dH + RT * dC * dH);
+}
+
+// CMC l:c from CIELAB [Clarke1984]: √((ΔL / l SL)² + (ΔC / c SC)² + (Δa² + Δb² − ΔC²) / SH²),
+// the hue radicand unclamped.
+double delta_E_Lab_CMC(LabColor lab1, LabColor lab2, double l, double c)
+{
+    const double C1 = chroma(lab1), C2 = chroma(lab2);
+    const double SL = cmc_SL(lab1.L);
+    const double SC = cmc_SC(C1);
+    const double T = C1 < 1e-6 ? cmc_T(0) : cmc_T(std::atan2(lab1.b, lab1.a) * kDegreesPerRadian);
+    const double F = cmc_F(C1);
+    const double SH = SC * (F * T + 1 - F);
+    const double dL = lab2.L - lab1.L, dC = C2 - C1;
+    const double da = lab2.a - lab1.a, db = lab2.b - lab1.b;
+    return std::sqrt(square(dL / (l * SL)) + square(dC / (c * SC)) +
+                     (da * da + db * db - dC * dC) / (SH * SH));
+}
+
+double delta_L_LCh_CMC(LChColor lch1, LChColor lch2, double l)
+{
+    return (lch2.L - lch1.L) / (l * cmc_SL(lch1.L));
+}
+
+double delta_C_LCh_CMC(LChColor lch1, LChColor lch2, double c)
+{
+    return (lch2.C - lch1.C) / (c * cmc_SC(lch1.C));
+}
+
+// The hue term rebuilds a and b from C and h and recomputes ΔC from them. No low-chroma guard:
+// the stored hue is used even when C1 is 0.
+double delta_H_LCh_CMC(LChColor lch1, LChColor lch2)
+{
+    const double F = cmc_F(lch1.C);
+    const double T = cmc_T(180.0 * lch1.h / kPi);
+    const double a1 = lch1.C * std::cos(lch1.h), b1 = lch1.C * std::sin(lch1.h);
+    const double a2 = lch2.C * std::cos(lch2.h), b2 = lch2.C * std::sin(lch2.h);
+    const double dC = std::hypot(a2, b2) - std::hypot(a1, b1);
+    return std::sqrt(square(a2 - a1) + square(b2 - b1) - dC * dC) /
+           (cmc_SC(lch1.C) * (T * F + 1 - F));
+}
+
+double delta_E_LCh_CMC(LChColor lch1, LChColor lch2, double l, double c)
+{
+    const double dL = (lch2.L - lch1.L) / (l * cmc_SL(lch1.L));
+    const double dC = (lch2.C - lch1.C) / (c * cmc_SC(lch1.C));
+    const double dH = delta_H_LCh_CMC(lch1, lch2);
+    return std::sqrt(dL * dL + dC * dC + dH * dH);
+}
+
+double deltaE_Luv(LuvColor luv1, LuvColor luv2)
+{
+    return std::sqrt(square(luv2.L - luv1.L) + square(luv2.u - luv1.u) + square(luv2.v - luv1.v));
+}
+
+double deltaE_uv(LuvColor luv1, LuvColor luv2)
+{
+    return std::hypot(luv2.u - luv1.u, luv2.v - luv1.v);
+}
