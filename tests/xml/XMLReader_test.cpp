@@ -1,0 +1,270 @@
+// XMLReader: the mapping from documents to trees, the line joining of dictionaryForXMLString,
+// error reports, named resources, and hostile documents (deep nesting, entity expansion,
+// external entities), which must end in a tree or an error, never in a crash.
+#include "XMLReader.h"
+
+#include "xml_tree_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <unistd.h>
+
+namespace {
+
+std::string treeOfData(const std::string &document)
+{
+    XMLError error;
+    const auto tree = XMLReader::dictionaryForXMLData(document, &error);
+    return tree ? treeText(*tree) : "error: " + error.description();
+}
+
+std::string treeOfString(const std::string &document)
+{
+    XMLError error;
+    const auto tree = XMLReader::dictionaryForXMLString(document, &error);
+    return tree ? treeText(*tree) : "error: " + error.description();
+}
+
+struct TreeCase {
+    const char *name;
+    const char *document;
+    const char *tree;
+};
+
+class ReaderTree : public testing::TestWithParam<TreeCase> {};
+
+TEST_P(ReaderTree, BuildsTheDescribedTree)
+{
+    EXPECT_EQ(treeOfData(GetParam().document), GetParam().tree);
+    // The same document without line breaks reads the same through the string entry.
+    EXPECT_EQ(treeOfString(GetParam().document), GetParam().tree);
+}
+
+const TreeCase kTreeCases[] = {
+    {"leaf_collapses_to_its_text", "<a><b>1</b></a>", "{a: {b: 1}}"},
+    {"repeated_name_becomes_an_array", "<a><b>1</b><b>2</b></a>", "{a: {b: [1, 2]}}"},
+    {"further_occurrences_are_appended", "<a><b>1</b><b>2</b><b>3</b></a>", "{a: {b: [1, 2, 3]}}"},
+    {"text_of_an_element_with_attributes_goes_under_text", "<a><b x=\"7\">1</b></a>",
+     "{a: {b: {x: 7, text: 1}}}"},
+    {"empty_leaf_is_removed_and_empties_its_parent", "<a><b/></a>", "{}"},
+    {"empty_leaf_removes_the_array_of_its_name", "<a><b>1</b><b/></a>", "{}"},
+    {"empty_leaf_removes_earlier_siblings_but_not_others", "<a><c>3</c><b>1</b><b/></a>",
+     "{a: {c: 3}}"},
+    {"text_before_a_child_is_taken_by_the_child", "<a>x<b/></a>", "{a: {b: x}}"},
+    {"one_accumulator_for_the_whole_parse", "<a>x<b>1</b>y</a>", "{a: {b: x1, text: y}}"},
+    {"entity_chunks_are_trimmed_one_by_one", "<a>a &amp; b</a>", "{a: a&b}"},
+    {"character_reference_of_a_space_vanishes", "<a>a&#32;b</a>", "{a: ab}"},
+    {"cdata_is_trimmed_too", "<a><![CDATA[ <x> ]]></a>", "{a: <x>}"},
+    {"prefix_is_part_of_the_name",
+     "<CxF:CxF xmlns:CxF=\"urn:x\"><CxF:Color ColorName=\"n\"/></CxF:CxF>",
+     "{CxF:CxF: {xmlns:CxF: urn:x, CxF:Color: {ColorName: n}}}"},
+    {"attribute_and_child_of_one_name_form_an_array", "<a b=\"1\"><b>2</b></a>", "{a: {b: [1, 2]}}"},
+    {"element_text_replaces_an_attribute_named_text", "<a text=\"q\">t</a>", "{a: {text: t}}"},
+    {"empty_attribute_keeps_an_element", "<a><b x=\"\"/></a>", "{a: {b: {x: \"\"}}}"},
+    {"white_space_only_text_is_no_text", "<a> <b> </b> </a>", "{}"},
+    {"comments_and_processing_instructions_are_ignored",
+     "<?xml version=\"1.0\"?><!-- c --><a><?pi x?><b>1<!-- c --></b></a>", "{a: {b: 1}}"},
+    {"unicode_spaces_are_trimmed", "<a>\u00a0\u30001\u2009</a>", "{a: 1}"},
+    {"internal_entity_expands", "<!DOCTYPE a [<!ENTITY e \"5\">]><a>&e;</a>", "{a: 5}"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Mapping, ReaderTree, testing::ValuesIn(kTreeCases),
+                         [](const auto &info) { return std::string(info.param.name); });
+
+TEST(ReaderString, JoinsTrimmedLinesBeforeParsing)
+{
+    // A value written over three lines reads as the bare value.
+    EXPECT_EQ(treeOfString("<a>\n  <b>\n    51.2\n  </b>\n</a>\n"), "{a: {b: 51.2}}");
+    // An attribute continued over a line break is joined without a space; the data entry keeps
+    // XML's attribute-value normalisation (the line break becomes a space).
+    EXPECT_EQ(treeOfString("<a b=\"x\n   y\"/>"), "{a: {b: xy}}");
+    EXPECT_EQ(treeOfData("<a b=\"x\n   y\"/>"), "{a: {b: x    y}}");
+    // Windows line ends.
+    EXPECT_EQ(treeOfString("<a>\r\n <b>1</b>\r\n</a>\r\n"), "{a: {b: 1}}");
+}
+
+TEST(ReaderErrors, CarryExpatsMessageWithLineAndColumn)
+{
+    struct ErrorCase {
+        std::string document;
+        std::string message;
+        unsigned long line, column;
+    };
+    const ErrorCase cases[] = {
+        {"<a><b></a>", "mismatched tag", 1, 9},
+        {"<a>\n<b>\n</a>", "mismatched tag", 3, 3},
+        {"", "no element found", 1, 1},
+        {"<a>", "no element found", 1, 4},
+        {"<a></a><b/>", "junk after document element", 1, 8},
+        {"<a>\xff</a>", "not well-formed (invalid token)", 1, 4},
+        {"<a>\xc3\x28</a>", "not well-formed (invalid token)", 1, 4},
+        {std::string("<a>\0</a>", 8), "not well-formed (invalid token)", 1, 4},
+        {"<a>&undefined;</a>", "undefined entity", 1, 4},
+        {"<a x=\"1\" x=\"2\"/>", "duplicate attribute", 1, 10},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.document);
+        XMLError error;
+        EXPECT_FALSE(XMLReader::dictionaryForXMLData(c.document, &error));
+        EXPECT_EQ(error.message, c.message);
+        EXPECT_EQ(error.line, c.line);
+        EXPECT_EQ(error.column, c.column);
+    }
+}
+
+TEST(ReaderErrors, StringEntryReportsLineOneAndNullSlotIsAccepted)
+{
+    XMLError error;
+    EXPECT_FALSE(XMLReader::dictionaryForXMLString("<a>\n<b>\n</a>", &error));
+    EXPECT_EQ(error.description(), "mismatched tag at line 1, column 9");
+    EXPECT_FALSE(XMLReader::dictionaryForXMLData("<a><b></a>", nullptr));
+}
+
+TEST(ReaderReuse, EachParseStartsAfresh)
+{
+    XMLError error;
+    XMLReader reader(&error);
+    EXPECT_FALSE(reader.objectWithData("<a>half"));
+    const auto tree = reader.objectWithData("<c>1</c>");
+    ASSERT_TRUE(tree);
+    EXPECT_EQ(treeText(*tree), "{c: 1}");
+}
+
+TEST(ReaderResources, ReadsANamedResourceShippedWithTheProgram)
+{
+    XMLError error;
+    const auto tree = XMLReader::dictionaryForPath("cxf-template", &error);
+    ASSERT_TRUE(tree) << error.description();
+    const XMLNode *set = tree->find("CxF:CxF")->find("CxF:Palette")->find("CxF:ColorSet");
+    ASSERT_NE(set, nullptr);
+    EXPECT_TRUE(set->find("ColorSetName")->equalsString("Untitled palette"));
+
+    EXPECT_FALSE(XMLReader::dictionaryForPath("no-such-resource", &error));
+    EXPECT_EQ(error.message.rfind("cannot read XML resource ", 0), 0u) << error.message;
+    EXPECT_EQ(error.line, 0u);
+}
+
+// --- Hostile documents --------------------------------------------------------------------
+
+std::string nested(int depth, const std::string &innermost)
+{
+    std::string document;
+    for (int i = 0; i < depth; ++i)
+        document += "<e>";
+    document += innermost;
+    for (int i = 0; i < depth; ++i)
+        document += "</e>";
+    return document;
+}
+
+TEST(ReaderHostile, HundredThousandNestedElementsWithText)
+{
+    const auto tree = XMLReader::dictionaryForXMLData(nested(100000, "x"), nullptr);
+    ASSERT_TRUE(tree);
+    // Walk down iteratively: 99,999 dictionaries, then the collapsed innermost leaf.
+    const XMLNode *node = &*tree;
+    int depth = 0;
+    while (node->isDictionary()) {
+        node = node->find("e");
+        ASSERT_NE(node, nullptr);
+        ++depth;
+    }
+    EXPECT_EQ(depth, 100000);
+    EXPECT_TRUE(node->equalsString("x"));
+    const XMLNode copy = *tree; // copy and destruction must not recurse either
+    EXPECT_TRUE(copy == *tree);
+}
+
+TEST(ReaderHostile, HundredThousandNestedEmptyElementsCollapseToNothing)
+{
+    const auto tree = XMLReader::dictionaryForXMLString(nested(100000, ""), nullptr);
+    ASSERT_TRUE(tree);
+    EXPECT_TRUE(tree->empty());
+}
+
+TEST(ReaderHostile, UnclosedDeepNestingIsDroppedWithoutCrashing)
+{
+    XMLError error;
+    std::string document;
+    for (int i = 0; i < 100000; ++i)
+        document += "<e a=\"1\">";
+    EXPECT_FALSE(XMLReader::dictionaryForXMLData(document, &error));
+    EXPECT_EQ(error.message, "no element found");
+}
+
+TEST(ReaderHostile, BillionLaughsIsRefused)
+{
+    std::string document = "<!DOCTYPE a [<!ENTITY l0 \"lollollollollollollollollollol\">";
+    for (int i = 1; i <= 9; ++i) {
+        document += "<!ENTITY l" + std::to_string(i) + " \"";
+        for (int k = 0; k < 10; ++k)
+            document += "&l" + std::to_string(i - 1) + ";";
+        document += "\">";
+    }
+    document += "]><a>&l9;</a>";
+    XMLError error;
+    EXPECT_FALSE(XMLReader::dictionaryForXMLData(document, &error));
+    EXPECT_NE(error.message.find("amplification"), std::string::npos) << error.message;
+}
+
+std::string entityChain(int count)
+{
+    std::string document = "<!DOCTYPE a [<!ENTITY e0 \"z\">";
+    for (int i = 1; i < count; ++i)
+        document += "<!ENTITY e" + std::to_string(i) + " \"&e" + std::to_string(i - 1) + ";\">";
+    return document + "]><a>&e" + std::to_string(count - 1) + ";</a>";
+}
+
+TEST(ReaderHostile, EntityChainsAreBoundedInLength)
+{
+    // A chain within the limit expands (expat follows it by recursion)...
+    EXPECT_EQ(treeOfData(entityChain(XMLReader::kMaxEntityDeclarations)), "{a: z}");
+    // ... and a long one is refused before it is expanded.
+    XMLError error;
+    EXPECT_FALSE(XMLReader::dictionaryForXMLData(entityChain(100000), &error));
+    EXPECT_EQ(error.message, "too many entity declarations (more than 256)");
+}
+
+class ReaderExternalEntities : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        const auto dir = std::filesystem::temp_directory_path();
+        secretPath_ = dir / ("cxf-reader-secret-" + std::to_string(::getpid()) + ".txt");
+        dtdPath_ = dir / ("cxf-reader-dtd-" + std::to_string(::getpid()) + ".dtd");
+        std::ofstream(secretPath_) << "SECRET";
+        std::ofstream(dtdPath_) << "<!ENTITY fromdtd \"SECRET\">";
+    }
+    void TearDown() override
+    {
+        std::filesystem::remove(secretPath_);
+        std::filesystem::remove(dtdPath_);
+    }
+    std::filesystem::path secretPath_, dtdPath_;
+};
+
+TEST_F(ReaderExternalEntities, AreNeverLoaded)
+{
+    const std::string url = "file://" + secretPath_.string();
+    const std::string dtd = "file://" + dtdPath_.string();
+    const std::string documents[] = {
+        "<!DOCTYPE a [<!ENTITY x SYSTEM \"" + url + "\">]><a><b>1</b><c>&x;</c></a>",
+        "<!DOCTYPE a [<!ENTITY x SYSTEM \"" + url + "\">]><a><b>1</b><c v=\"&x;\"/></a>",
+        "<!DOCTYPE a [<!ENTITY % p SYSTEM \"" + dtd + "\"> %p;]><a><b>1</b><c>&fromdtd;</c></a>",
+        "<!DOCTYPE a SYSTEM \"" + dtd + "\"><a><b>1</b><c>&fromdtd;</c></a>",
+    };
+    for (const auto &document : documents) {
+        SCOPED_TRACE(document);
+        const std::string tree = treeOfData(document);
+        EXPECT_EQ(tree.find("SECRET"), std::string::npos) << tree;
+    }
+    // A reference to an external entity in text is skipped.
+    EXPECT_EQ(treeOfData(documents[0]), "{a: {b: 1}}");
+}
+
+} // namespace

@@ -1,0 +1,223 @@
+#include "XMLReader.h"
+
+#include "XMLStrings.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <climits>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <utility>
+
+namespace {
+
+// One expat parse: the reader that receives the events, and what the reader itself stops for.
+struct ParseSession {
+    XMLReader *reader;
+    XML_Parser parser;
+    std::size_t entityDeclarations = 0;
+    std::string stopReason; // set when a handler stopped the parser
+};
+
+ParseSession &sessionOf(void *userData)
+{
+    return *static_cast<ParseSession *>(userData);
+}
+
+void XMLCALL onStartElement(void *userData, const XML_Char *name, const XML_Char **attributes)
+{
+    sessionOf(userData).reader->parserDidStartElement(name, attributes);
+}
+
+void XMLCALL onEndElement(void *userData, const XML_Char *name)
+{
+    sessionOf(userData).reader->parserDidEndElement(name);
+}
+
+void XMLCALL onCharacters(void *userData, const XML_Char *characters, int length)
+{
+    sessionOf(userData).reader->parserFoundCharacters(
+        std::string_view(characters, static_cast<std::size_t>(length)));
+}
+
+// Counts entity declarations (general and parameter): a chain of entities that refer to one
+// another is expanded by recursion inside expat, so their number is what bounds its depth.
+void XMLCALL onEntityDeclaration(void *userData, const XML_Char *, int, const XML_Char *, int,
+                                 const XML_Char *, const XML_Char *, const XML_Char *,
+                                 const XML_Char *)
+{
+    ParseSession &session = sessionOf(userData);
+    if (++session.entityDeclarations > XMLReader::kMaxEntityDeclarations &&
+        session.stopReason.empty()) {
+        session.stopReason = "too many entity declarations (more than " +
+                             std::to_string(XMLReader::kMaxEntityDeclarations) + ")";
+        XML_StopParser(session.parser, XML_FALSE);
+    }
+}
+
+struct ParserFree {
+    void operator()(XML_ParserStruct *parser) const noexcept { XML_ParserFree(parser); }
+};
+
+std::filesystem::path executableDirectory()
+{
+    std::error_code error;
+    const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::filesystem::path() : executable.parent_path();
+}
+
+} // namespace
+
+std::string XMLError::description() const
+{
+    return message + " at line " + std::to_string(line) + ", column " + std::to_string(column);
+}
+
+XMLReader::XMLReader(XMLError *error) : errorPointer_(error) {}
+
+std::optional<XMLNode> XMLReader::dictionaryForXMLData(std::string_view data, XMLError *error)
+{
+    XMLReader reader(error);
+    return reader.objectWithData(data);
+}
+
+std::optional<XMLNode> XMLReader::dictionaryForXMLString(std::string_view text, XMLError *error)
+{
+    return dictionaryForXMLData(joinTrimmedLines(text), error);
+}
+
+std::optional<XMLNode> XMLReader::dictionaryForPath(std::string_view name, XMLError *error)
+{
+    const std::filesystem::path path =
+        std::filesystem::path(xmlResourceDirectory()) / (std::string(name) + ".xml");
+    std::ifstream in(path, std::ios::binary);
+    std::string contents;
+    if (in)
+        contents.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    if (!in.is_open() || in.bad()) {
+        if (error)
+            *error = XMLError{"cannot read XML resource " + path.string(), 0, 0};
+        return std::nullopt;
+    }
+    return dictionaryForXMLData(contents, error);
+}
+
+std::string XMLReader::xmlResourceDirectory()
+{
+    std::error_code error;
+    const auto beside = executableDirectory() / ".." / "share" / "cxf-compare" / "xml";
+    if (std::filesystem::is_directory(beside, error))
+        return beside.lexically_normal().string();
+    return CXF_XML_SOURCE_RESOURCE_DIR;
+}
+
+std::optional<XMLNode> XMLReader::objectWithData(std::string_view data)
+{
+    root_ = XMLNode();
+    dictionaryStack_.assign(1, &root_);
+    textInProgress_.clear();
+
+    std::unique_ptr<XML_ParserStruct, ParserFree> parser(XML_ParserCreate(nullptr));
+    if (!parser) {
+        parserParseErrorOccurred(XMLError{"out of memory", 0, 0});
+        return std::nullopt;
+    }
+    ParseSession session{this, parser.get(), 0, {}};
+    XML_SetUserData(parser.get(), &session);
+    XML_SetElementHandler(parser.get(), onStartElement, onEndElement);
+    XML_SetCharacterDataHandler(parser.get(), onCharacters);
+    XML_SetEntityDeclHandler(parser.get(), onEntityDeclaration);
+    // No external entity handler is set, so external entities are skipped, never fetched; the
+    // external DTD subset and external parameter entities are not read either.
+    XML_SetParamEntityParsing(parser.get(), XML_PARAM_ENTITY_PARSING_NEVER);
+#ifdef XML_DTD
+    XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser.get(),
+                                                             kMaxEntityAmplification);
+#endif
+
+    // expat takes int lengths: very large documents go in pieces.
+    constexpr std::size_t kPiece = std::size_t{1} << 30;
+    std::size_t offset = 0;
+    bool ok = true;
+    do {
+        const std::size_t length = std::min(kPiece, data.size() - offset);
+        const bool last = offset + length == data.size();
+        ok = XML_Parse(parser.get(), data.data() + offset, static_cast<int>(length),
+                       last ? XML_TRUE : XML_FALSE) == XML_STATUS_OK;
+        offset += length;
+    } while (ok && offset < data.size());
+
+    if (!ok) {
+        const XML_Error code = XML_GetErrorCode(parser.get());
+        XMLError error;
+        error.message = session.stopReason.empty() ? XML_ErrorString(code) : session.stopReason;
+        error.line = XML_GetCurrentLineNumber(parser.get());
+        error.column = XML_GetCurrentColumnNumber(parser.get()) + 1;
+        parserParseErrorOccurred(std::move(error));
+        root_ = XMLNode();
+        dictionaryStack_.clear();
+        return std::nullopt;
+    }
+    std::optional<XMLNode> result(std::move(root_));
+    root_ = XMLNode();
+    dictionaryStack_.clear();
+    textInProgress_.clear();
+    return result;
+}
+
+void XMLReader::parserDidStartElement(std::string_view name, const char *const *attributes)
+{
+    XMLNode child;
+    for (const char *const *attribute = attributes; attribute && attribute[0]; attribute += 2)
+        child.insert(attribute[0], XMLNode(attribute[1]));
+
+    XMLNode &parent = *dictionaryStack_.back();
+    XMLNode *slot = nullptr;
+    if (XMLNode *existing = parent.find(name)) {
+        if (!existing->isArray()) {
+            XMLNode first = std::move(*existing);
+            *existing = XMLNode::array();
+            existing->append(std::move(first));
+        }
+        slot = existing->append(std::move(child));
+    } else {
+        slot = parent.insert(name, std::move(child));
+    }
+    dictionaryStack_.push_back(slot);
+}
+
+void XMLReader::parserDidEndElement(std::string_view name)
+{
+    if (dictionaryStack_.size() < 2)
+        return; // unbalanced events; expat does not send them
+    XMLNode *node = dictionaryStack_.back();
+    dictionaryStack_.pop_back();
+    const bool hasText = !textInProgress_.empty();
+    const bool hasKeys = !node->empty();
+    if (hasText) {
+        // The node is parent[name] itself, or the last item of the array under that name:
+        // replacing it in place is the collapse of the leaf to its text.
+        XMLNode text(std::move(textInProgress_));
+        if (hasKeys)
+            node->insert("text", std::move(text));
+        else
+            *node = std::move(text);
+        textInProgress_.clear();
+    } else if (!hasKeys) {
+        dictionaryStack_.back()->remove(name);
+    }
+}
+
+void XMLReader::parserFoundCharacters(std::string_view characters)
+{
+    textInProgress_ += trimWhitespaceAndNewlines(characters);
+}
+
+void XMLReader::parserParseErrorOccurred(XMLError error)
+{
+    if (errorPointer_)
+        *errorPointer_ = std::move(error);
+}

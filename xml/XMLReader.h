@@ -1,0 +1,101 @@
+#pragma once
+// XMLReader turns an XML document into a tree of dictionaries, arrays and strings (XMLNode),
+// driven by expat's start-element, end-element, character-data and error events.
+//
+// The mapping:
+// - Every element becomes a dictionary. Its keys are its attribute names (value: the attribute
+//   value; namespace declarations such as xmlns:CxF are attributes like any other), its child
+//   elements' names (value: the child's node), and "text" for the element's text when it also
+//   has attributes or children.
+// - Names stay exactly as written, prefix included: expat runs without namespace processing,
+//   so <CxF:Color> is the key "CxF:Color".
+// - The result is a root dictionary whose only key is the document element's name.
+// - A repeated child name becomes an array, created when the second element of that name
+//   starts under the same parent; a single occurrence is never an array.
+// - A leaf (no attributes, no children) with text collapses to its text string; a leaf without
+//   text is removed from its parent, together with the whole value under its name (so an empty
+//   <b/> after <b>1</b> removes both).
+// - All text goes into one accumulator for the whole parse, not one per element; every chunk
+//   that expat delivers is trimmed at both ends before it is appended, so white space at chunk
+//   borders (around entity and character references, at line breaks) is lost.
+//
+// Hostile documents: external entities and an external DTD are never loaded; entity expansion
+// is limited to kMaxEntityAmplification times the input (on top of expat's own protection);
+// a document may declare at most kMaxEntityDeclarations entities, which bounds how deeply
+// entity references can nest inside expat. Nested elements, however deep, use no recursion.
+// The reader sets no size limit of its own; callers that read untrusted files do
+// (kMaxCxFDocumentBytes in the CxF import).
+
+#include "XMLNode.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// A parse error as expat reports it.
+struct XMLError {
+    std::string message;      // expat's description, e.g. "mismatched tag"
+    unsigned long line = 0;   // 1-based line of the error
+    unsigned long column = 0; // 1-based column (in bytes) of the error
+
+    // "<message> at line <line>, column <column>", e.g. "mismatched tag at line 1, column 9".
+    std::string description() const;
+};
+
+class XMLReader
+{
+public:
+    // Largest (input + expanded entity text) / input ratio once expansions pass expat's
+    // activation threshold (8 MiB).
+    static constexpr float kMaxEntityAmplification = 4.0f;
+    static constexpr std::size_t kMaxEntityDeclarations = 256;
+
+    // Parses the document bytes (UTF-8, or any encoding expat reads that the XML declaration
+    // names) into a root dictionary. Returns std::nullopt when the document is not well formed;
+    // then, if error is not null, *error receives expat's message with line and column.
+    // Example: "<a><b>1</b><b>2</b></a>" gives {a: {b: [1, 2]}}; "<a><b></a>" gives nullopt
+    // and the error "mismatched tag at line 1, column 9".
+    static std::optional<XMLNode> dictionaryForXMLData(std::string_view data, XMLError *error);
+
+    // As dictionaryForXMLData on the UTF-8 text after joinTrimmedLines (XMLStrings.h): every
+    // line is trimmed and the lines are joined with nothing between them, so indentation and
+    // line breaks vanish (and a value or attribute continued over a line break is joined
+    // without a space). Errors therefore always report line 1.
+    // Example: "<a>\n  <b>\n    51.2\n  </b>\n</a>\n" gives {a: {b: 51.2}}.
+    static std::optional<XMLNode> dictionaryForXMLString(std::string_view text, XMLError *error);
+
+    // As dictionaryForXMLData on the XML resource "<name>.xml" shipped with the program
+    // (xmlResourceDirectory() below). A resource that cannot be read gives nullopt and the
+    // error "cannot read XML resource <path>" at line 0, column 0.
+    static std::optional<XMLNode> dictionaryForPath(std::string_view name, XMLError *error);
+
+    // Where named XML resources live: <directory of the executable>/../share/cxf-compare/xml
+    // when that directory exists (an installed program, or one in the build tree's bin/, next
+    // to which the build copies data/xml), otherwise the source tree's data/xml.
+    static std::string xmlResourceDirectory();
+
+    // A reader for repeated parses; error may be null. Not copyable: expat holds its address.
+    explicit XMLReader(XMLError *error);
+    XMLReader(const XMLReader &) = delete;
+    XMLReader &operator=(const XMLReader &) = delete;
+
+    // Runs one parse from a fresh stack and accumulator; the root dictionary, or nullopt on a
+    // parse error (the partly built tree is dropped).
+    std::optional<XMLNode> objectWithData(std::string_view data);
+
+    // The parser events. attributes holds name, value, name, value, ... and ends with null.
+    void parserDidStartElement(std::string_view name, const char *const *attributes);
+    void parserDidEndElement(std::string_view name);
+    void parserFoundCharacters(std::string_view characters);
+    void parserParseErrorOccurred(XMLError error);
+
+private:
+    XMLNode root_;
+    // Path from the root to the element being read; the last entry is the current element.
+    std::vector<XMLNode *> dictionaryStack_;
+    // Text gathered since the last element that consumed text.
+    std::string textInProgress_;
+    XMLError *errorPointer_;
+};
