@@ -15,3 +15,11 @@ add_library(cxf_qt_strict INTERFACE)
 target_compile_definitions(cxf_qt_strict INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
     QT_USE_QSTRINGBUILDER QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+
+# The fuzz build instruments everything for libFuzzer's coverage and the sanitizers; the fuzz
+# targets add -fsanitize=fuzzer at link time (fuzz/CMakeLists.txt).
+if(CXF_BUILD_FUZZERS)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer
+        -fno-sanitize-recover=undefined)
+    add_link_options(-fsanitize=address,undefined)
+endif()

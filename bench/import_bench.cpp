@@ -1,0 +1,308 @@
+// The CxF import of a large project against a raw expat parse of the same bytes.
+//
+// The document is generated in memory: a project of 10,000 patches, each with Lab values and
+// 36 reflectance points (380 to 730 nm), laid out and indented like the sample documents.
+// "raw expat parse" runs expat over the bytes with start, end and character callbacks that
+// build nothing; "reader" is XMLReader::dictionaryForXMLString (line joining and the tree);
+// "import" is importCxFDocument, what a drop of the file costs (reader, checks, averaging and
+// the tree's destruction).
+//
+// Before the Google Benchmark runs, main prints a summary: best of several runs of each, the
+// ratio import / raw parse, the peak of live C++ heap (counted by the operator new below) and
+// the rise of the process's peak resident set (VmHWM, reset before each measurement), each
+// measured in a forked child so that the measurements do not disturb one another.
+#include "XMLReader.h"
+#include "cxf_import.h"
+
+#include <benchmark/benchmark.h>
+#include <expat.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <new>
+#include <string>
+
+#include <malloc.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// --- Heap accounting ------------------------------------------------------------------------
+
+namespace {
+std::atomic<long long> gLiveBytes{0};
+std::atomic<long long> gPeakBytes{0};
+
+void account(long long change)
+{
+    const long long live = gLiveBytes.fetch_add(change, std::memory_order_relaxed) + change;
+    long long peak = gPeakBytes.load(std::memory_order_relaxed);
+    while (live > peak && !gPeakBytes.compare_exchange_weak(peak, live, std::memory_order_relaxed)) {
+    }
+}
+
+void *allocate(std::size_t size)
+{
+    void *p = std::malloc(size ? size : 1);
+    if (!p)
+        throw std::bad_alloc();
+    account(static_cast<long long>(malloc_usable_size(p)));
+    return p;
+}
+
+void release(void *p) noexcept
+{
+    if (!p)
+        return;
+    account(-static_cast<long long>(malloc_usable_size(p)));
+    std::free(p);
+}
+} // namespace
+
+void *operator new(std::size_t size)
+{
+    return allocate(size);
+}
+void *operator new[](std::size_t size)
+{
+    return allocate(size);
+}
+void operator delete(void *p) noexcept
+{
+    release(p);
+}
+void operator delete[](void *p) noexcept
+{
+    release(p);
+}
+void operator delete(void *p, std::size_t) noexcept
+{
+    release(p);
+}
+void operator delete[](void *p, std::size_t) noexcept
+{
+    release(p);
+}
+
+namespace {
+
+// --- The document ---------------------------------------------------------------------------
+
+std::string generateProject(int patches, int points)
+{
+    std::string text;
+    text.reserve(static_cast<std::size_t>(patches) * (static_cast<std::size_t>(points) * 80 + 400));
+    text += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+            "<CxF:CxF xmlns:CxF=\"http://colorexchangeformat.com/CxF2\">\n"
+            "  <CxF:Palette>\n"
+            "    <CxF:ColorSet ColorSetName=\"Press run 42\">\n"
+            "      <CxF:CollectionColorSpaceSpecification>\n"
+            "        <CxF:ColorSpaceSpecificationSpectrumTristimulus>\n"
+            "          <CxF:FieldOfView>FieldOfView_2_Degree</CxF:FieldOfView>\n"
+            "          <CxF:IlluminationOptions>\n"
+            "            <CxF:Illuminant>Illuminant_D50</CxF:Illuminant>\n"
+            "          </CxF:IlluminationOptions>\n"
+            "        </CxF:ColorSpaceSpecificationSpectrumTristimulus>\n"
+            "      </CxF:CollectionColorSpaceSpecification>\n";
+    unsigned state = 12345;
+    const auto next = [&state] { // a small linear congruential generator: same bytes every run
+        state = state * 1103515245u + 12345u;
+        return (state >> 8) % 10000;
+    };
+    char line[160];
+    for (int p = 0; p < patches; ++p) {
+        std::snprintf(line, sizeof line, "      <CxF:Color ColorName=\"Patch %d\">\n", p + 1);
+        text += line;
+        std::snprintf(line, sizeof line,
+                      "        <CxF:ColorSpaceCIELab>\n"
+                      "          <CxF:L>%u.%02u</CxF:L>\n"
+                      "          <CxF:A>%d.%02u</CxF:A>\n"
+                      "          <CxF:B>%d.%02u</CxF:B>\n"
+                      "        </CxF:ColorSpaceCIELab>\n",
+                      20 + next() % 70, next() % 100, static_cast<int>(next() % 120) - 60,
+                      next() % 100, static_cast<int>(next() % 120) - 60, next() % 100);
+        text += line;
+        text += "        <CxF:ColorSpaceSpectral>\n";
+        for (int k = 0; k < points; ++k) {
+            std::snprintf(line, sizeof line,
+                          "          <CxF:ReflectancePoint Wavelength=\"%d\">0.%04u"
+                          "</CxF:ReflectancePoint>\n",
+                          380 + 10 * k, next());
+            text += line;
+        }
+        text += "        </CxF:ColorSpaceSpectral>\n      </CxF:Color>\n";
+    }
+    text += "    </CxF:ColorSet>\n  </CxF:Palette>\n</CxF:CxF>\n";
+    return text;
+}
+
+const std::string &project()
+{
+    static const std::string text = generateProject(10000, 36);
+    return text;
+}
+
+// --- The three workloads --------------------------------------------------------------------
+
+struct RawCounts {
+    long elements = 0;
+    long characters = 0;
+};
+
+void XMLCALL rawStart(void *data, const XML_Char *, const XML_Char **)
+{
+    ++static_cast<RawCounts *>(data)->elements;
+}
+void XMLCALL rawEnd(void *, const XML_Char *) {}
+void XMLCALL rawCharacters(void *data, const XML_Char *, int length)
+{
+    static_cast<RawCounts *>(data)->characters += length;
+}
+
+long rawExpatParse(const std::string &text)
+{
+    XML_Parser parser = XML_ParserCreate(nullptr);
+    RawCounts counts;
+    XML_SetUserData(parser, &counts);
+    XML_SetElementHandler(parser, rawStart, rawEnd);
+    XML_SetCharacterDataHandler(parser, rawCharacters);
+    if (XML_Parse(parser, text.data(), static_cast<int>(text.size()), XML_TRUE) != XML_STATUS_OK)
+        std::abort();
+    XML_ParserFree(parser);
+    return counts.elements + counts.characters;
+}
+
+long readerOnly(const std::string &text)
+{
+    const auto tree = XMLReader::dictionaryForXMLString(text, nullptr);
+    if (!tree)
+        std::abort();
+    return static_cast<long>(tree->size());
+}
+
+long importProject(const std::string &text)
+{
+    const CxFImportOutcome outcome = importCxFDocument(text);
+    if (!outcome.accepted() || outcome.patchCount != 10000)
+        std::abort();
+    return outcome.patchCount;
+}
+
+void BM_RawExpatParse(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(rawExpatParse(project()));
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * project().size()));
+}
+BENCHMARK(BM_RawExpatParse)->Unit(benchmark::kMillisecond);
+
+void BM_Reader(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(readerOnly(project()));
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * project().size()));
+}
+BENCHMARK(BM_Reader)->Unit(benchmark::kMillisecond);
+
+void BM_Import(benchmark::State &state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(importProject(project()));
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * project().size()));
+}
+BENCHMARK(BM_Import)->Unit(benchmark::kMillisecond);
+
+// --- Summary: time, heap and resident-set peaks, each in a child process --------------------
+
+long statusKiB(const char *field)
+{
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line))
+        if (line.rfind(field, 0) == 0)
+            return std::atol(line.c_str() + std::strlen(field));
+    return -1;
+}
+
+struct Figures {
+    double bestSeconds = 0;
+    long long heapPeakBytes = 0;
+    long rssRiseKiB = -1; // -1 when the peak could not be reset
+};
+
+template <typename Work> Figures measureInChild(Work work, int runs)
+{
+    int channel[2];
+    if (pipe(channel) != 0)
+        std::abort();
+    const pid_t pid = fork();
+    if (pid == 0) {
+        Figures figures;
+        std::ofstream clearRefs("/proc/self/clear_refs");
+        clearRefs << "5" << std::flush; // resets VmHWM to the current resident set
+        const bool reset = static_cast<bool>(clearRefs);
+        const long rssBefore = statusKiB("VmRSS:");
+        gPeakBytes.store(gLiveBytes.load());
+        const long long heapBefore = gLiveBytes.load();
+        work(); // the first run carries the memory figures
+        figures.heapPeakBytes = gPeakBytes.load() - heapBefore;
+        if (reset)
+            figures.rssRiseKiB = statusKiB("VmHWM:") - rssBefore;
+        figures.bestSeconds = 1e9;
+        for (int i = 0; i < runs; ++i) {
+            const auto start = std::chrono::steady_clock::now();
+            work();
+            const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+            figures.bestSeconds = std::min(figures.bestSeconds, elapsed.count());
+        }
+        if (write(channel[1], &figures, sizeof figures) != sizeof figures)
+            _exit(1);
+        _exit(0);
+    }
+    close(channel[1]);
+    Figures figures;
+    if (read(channel[0], &figures, sizeof figures) != sizeof figures)
+        std::abort();
+    close(channel[0]);
+    waitpid(pid, nullptr, 0);
+    return figures;
+}
+
+void printSummary()
+{
+    const std::string &text = project();
+    std::printf("document: 10000 patches x 36 points, %zu bytes (%.1f MiB)\n", text.size(),
+                static_cast<double>(text.size()) / (1 << 20));
+    const Figures raw = measureInChild([&] { benchmark::DoNotOptimize(rawExpatParse(text)); }, 7);
+    const Figures reader = measureInChild([&] { benchmark::DoNotOptimize(readerOnly(text)); }, 7);
+    const Figures import = measureInChild([&] { benchmark::DoNotOptimize(importProject(text)); }, 7);
+    std::printf("%-18s %12s %16s %18s\n", "", "best time", "peak C++ heap", "peak RSS rise");
+    const auto row = [](const char *name, const Figures &f) {
+        std::printf("%-18s %9.1f ms %12.1f MiB %14.1f MiB\n", name, f.bestSeconds * 1e3,
+                    static_cast<double>(f.heapPeakBytes) / (1 << 20),
+                    static_cast<double>(f.rssRiseKiB) / 1024);
+    };
+    row("raw expat parse", raw);
+    row("reader", reader);
+    row("import", import);
+    std::printf("import / raw parse: %.2f x (target: within 3 x)\n\n",
+                import.bestSeconds / raw.bestSeconds);
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    printSummary();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
