@@ -1,18 +1,77 @@
 #include "XMLNode.h"
 
+#include <cstdint>
 #include <functional>
-#include <unordered_map>
 #include <utility>
 
+// Open addressing with linear probing over the positions of the entries. A slot holds the low
+// 32 bits of the key's hash (high half) and the entry's position + 1 (low half); 0 is an empty
+// slot. The table has a power-of-two size of at least twice the entries, and removal shifts
+// later slots back instead of leaving tombstones, so lookups stay short whatever was removed.
 struct XMLNode::KeyIndex {
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view key) const noexcept
-        {
-            return std::hash<std::string_view>{}(key);
+    std::vector<uint64_t> slots;
+
+    static uint32_t hashOf(std::string_view key) noexcept
+    {
+        return static_cast<uint32_t>(std::hash<std::string_view>{}(key));
+    }
+    static uint64_t slotFor(uint32_t hash, std::size_t position) noexcept
+    {
+        return (static_cast<uint64_t>(hash) << 32) | static_cast<uint64_t>(position + 1);
+    }
+    static uint32_t hashIn(uint64_t slot) noexcept { return static_cast<uint32_t>(slot >> 32); }
+    static std::size_t positionIn(uint64_t slot) noexcept
+    {
+        return static_cast<std::size_t>(slot & 0xffffffffu) - 1;
+    }
+    std::size_t mask() const noexcept { return slots.size() - 1; }
+
+    // Slot number holding position, whose key hashes to hash.
+    std::size_t slotOf(uint32_t hash, std::size_t position) const noexcept
+    {
+        std::size_t i = hash & mask();
+        while (slots[i] != slotFor(hash, position))
+            i = (i + 1) & mask();
+        return i;
+    }
+
+    void place(uint64_t slot) noexcept
+    {
+        std::size_t i = hashIn(slot) & mask();
+        while (slots[i] != 0)
+            i = (i + 1) & mask();
+        slots[i] = slot;
+    }
+
+    // Empties slot hole and moves back every later slot of the run that may fill it.
+    void erase(std::size_t hole) noexcept
+    {
+        for (std::size_t j = (hole + 1) & mask(); slots[j] != 0; j = (j + 1) & mask()) {
+            const std::size_t home = hashIn(slots[j]) & mask();
+            const bool staysBehind = hole <= j ? (hole < home && home <= j)
+                                               : (hole < home || home <= j);
+            if (!staysBehind) {
+                slots[hole] = slots[j];
+                hole = j;
+            }
         }
-    };
-    std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> positions;
+        slots[hole] = 0;
+    }
+
+    // Makes room for count entries, keeping the load at most one half.
+    void reserve(std::size_t count)
+    {
+        std::size_t size = 64;
+        while (size < 2 * count)
+            size *= 2;
+        if (size <= slots.size())
+            return;
+        std::vector<uint64_t> old(size, 0);
+        old.swap(slots);
+        for (const uint64_t slot : old)
+            if (slot != 0)
+                place(slot);
+    }
 };
 
 void XMLNode::KeyIndexDelete::operator()(KeyIndex *index) const noexcept
@@ -157,12 +216,18 @@ std::ptrdiff_t XMLNode::position(std::string_view key) const noexcept
     const auto *dictionary = std::get_if<Dictionary>(&value_);
     if (!dictionary)
         return -1;
-    if (dictionary->index) {
-        const auto &positions = dictionary->index->positions;
-        const auto found = positions.find(key);
-        return found == positions.end() ? -1 : static_cast<std::ptrdiff_t>(found->second);
-    }
     const auto &entries = dictionary->entries;
+    if (const KeyIndex *index = dictionary->index.get()) {
+        const uint32_t hash = KeyIndex::hashOf(key);
+        for (std::size_t i = hash & index->mask(); index->slots[i] != 0;
+             i = (i + 1) & index->mask()) {
+            const uint64_t slot = index->slots[i];
+            const std::size_t at = KeyIndex::positionIn(slot);
+            if (KeyIndex::hashIn(slot) == hash && entries[at].key == key)
+                return static_cast<std::ptrdiff_t>(at);
+        }
+        return -1;
+    }
     for (std::size_t i = 0; i < entries.size(); ++i)
         if (entries[i].key == key)
             return static_cast<std::ptrdiff_t>(i);
@@ -191,11 +256,19 @@ XMLNode *XMLNode::insert(std::string_view key, XMLNode value)
     }
     auto &entries = dictionary->entries;
     entries.push_back({std::string(key), std::move(value)});
-    if (dictionary->index)
-        dictionary->index->positions.emplace(entries.back().key, entries.size() - 1);
-    else if (entries.size() > kIndexedDictionarySize)
+    if (KeyIndex *index = dictionary->index.get()) {
+        index->reserve(entries.size());
+        index->place(KeyIndex::slotFor(KeyIndex::hashOf(key), entries.size() - 1));
+    } else if (entries.size() > kIndexedDictionarySize) {
         rebuildIndex();
+    }
     return &entries.back().value;
+}
+
+void XMLNode::reserve(std::size_t count)
+{
+    if (auto *dictionary = std::get_if<Dictionary>(&value_))
+        dictionary->entries.reserve(count);
 }
 
 bool XMLNode::remove(std::string_view key)
@@ -210,11 +283,13 @@ bool XMLNode::remove(std::string_view key)
         entries.erase(entries.begin() + found);
         return true;
     }
-    auto &positions = dictionary.index->positions;
-    positions.erase(positions.find(entries[i].key));
-    if (i + 1 != entries.size()) {
-        entries[i] = std::move(entries.back());
-        positions.find(entries[i].key)->second = i;
+    KeyIndex &index = *dictionary.index;
+    const std::size_t last = entries.size() - 1;
+    index.erase(index.slotOf(KeyIndex::hashOf(entries[i].key), i));
+    if (i != last) {
+        entries[i] = std::move(entries[last]);
+        const uint32_t hash = KeyIndex::hashOf(entries[i].key);
+        index.slots[index.slotOf(hash, last)] = KeyIndex::slotFor(hash, i);
     }
     entries.pop_back();
     return true;
@@ -254,10 +329,9 @@ void XMLNode::rebuildIndex()
 {
     auto &dictionary = std::get<Dictionary>(value_);
     dictionary.index.reset(new KeyIndex);
-    auto &positions = dictionary.index->positions;
-    positions.reserve(dictionary.entries.size());
+    dictionary.index->reserve(dictionary.entries.size());
     for (std::size_t i = 0; i < dictionary.entries.size(); ++i)
-        positions.emplace(dictionary.entries[i].key, i);
+        dictionary.index->place(KeyIndex::slotFor(KeyIndex::hashOf(dictionary.entries[i].key), i));
 }
 
 bool operator==(const XMLNode &a, const XMLNode &b)

@@ -60,6 +60,8 @@ public:
     XMLNode *find(std::string_view key) noexcept;
     // Sets key to value, replacing an existing value; returns the stored value.
     XMLNode *insert(std::string_view key, XMLNode value);
+    // Makes room for count entries in a dictionary (nothing on other kinds).
+    void reserve(std::size_t count);
     // Removes key and its value; false when it was not there.
     bool remove(std::string_view key);
     std::span<const XMLDictionaryEntry> entries() const noexcept;

@@ -14,7 +14,7 @@
 
 namespace {
 
-// One expat parse: the reader that receives the events, and what the reader itself stops for.
+// The state of one expat parse that the callbacks reach through expat's user data.
 struct ParseSession {
     XMLReader *reader;
     XML_Parser parser;
@@ -62,6 +62,20 @@ struct ParserFree {
     void operator()(XML_ParserStruct *parser) const noexcept { XML_ParserFree(parser); }
 };
 
+} // namespace
+
+struct XMLReader::Parse {
+    std::unique_ptr<XML_ParserStruct, ParserFree> parser;
+    ParseSession session;
+};
+
+void XMLReader::ParseDelete::operator()(Parse *parse) const noexcept
+{
+    delete parse;
+}
+
+namespace {
+
 std::filesystem::path executableDirectory()
 {
     std::error_code error;
@@ -78,15 +92,41 @@ std::string XMLError::description() const
 
 XMLReader::XMLReader(XMLError *error) : errorPointer_(error) {}
 
+XMLReader::~XMLReader() = default;
+
 std::optional<XMLNode> XMLReader::dictionaryForXMLData(std::string_view data, XMLError *error)
 {
     XMLReader reader(error);
     return reader.objectWithData(data);
 }
 
+// The joined text is handed to expat in pieces as it is produced, never held whole: the bytes
+// expat sees are exactly joinTrimmedLines(text).
 std::optional<XMLNode> XMLReader::dictionaryForXMLString(std::string_view text, XMLError *error)
 {
-    return dictionaryForXMLData(joinTrimmedLines(text), error);
+    XMLReader reader(error);
+    if (!reader.beginParse())
+        return std::nullopt;
+    std::string pending;
+    pending.reserve(std::min(text.size(), kPieceBytes));
+    bool ok = true;
+    forEachTrimmedLine(text, [&](std::string_view line) {
+        if (!ok)
+            return;
+        if (pending.size() + line.size() <= kPieceBytes) {
+            pending += line;
+            return;
+        }
+        ok = reader.feed(pending, false);
+        pending.clear();
+        if (ok && line.size() >= kPieceBytes)
+            ok = reader.feed(line, false); // a very long line goes as it is, without a copy
+        else
+            pending += line;
+    });
+    if (ok)
+        ok = reader.feed(pending, true);
+    return reader.endParse(ok);
 }
 
 std::optional<XMLNode> XMLReader::dictionaryForPath(std::string_view name, XMLError *error)
@@ -116,53 +156,68 @@ std::string XMLReader::xmlResourceDirectory()
 
 std::optional<XMLNode> XMLReader::objectWithData(std::string_view data)
 {
+    if (!beginParse())
+        return std::nullopt;
+    bool ok = true;
+    std::size_t offset = 0;
+    do {
+        const std::size_t length = std::min(kPieceBytes, data.size() - offset);
+        ok = feed(data.substr(offset, length), offset + length == data.size());
+        offset += length;
+    } while (ok && offset < data.size());
+    return endParse(ok);
+}
+
+bool XMLReader::beginParse()
+{
     root_ = XMLNode();
     dictionaryStack_.assign(1, &root_);
     textInProgress_.clear();
 
-    std::unique_ptr<XML_ParserStruct, ParserFree> parser(XML_ParserCreate(nullptr));
+    parse_.reset(new Parse{std::unique_ptr<XML_ParserStruct, ParserFree>(XML_ParserCreate(nullptr)),
+                           ParseSession{this, nullptr, 0, {}}});
+    XML_Parser parser = parse_->parser.get();
     if (!parser) {
+        parse_.reset();
         parserParseErrorOccurred(XMLError{"out of memory", 0, 0});
-        return std::nullopt;
+        return false;
     }
-    ParseSession session{this, parser.get(), 0, {}};
-    XML_SetUserData(parser.get(), &session);
-    XML_SetElementHandler(parser.get(), onStartElement, onEndElement);
-    XML_SetCharacterDataHandler(parser.get(), onCharacters);
-    XML_SetEntityDeclHandler(parser.get(), onEntityDeclaration);
+    parse_->session.parser = parser;
+    XML_SetUserData(parser, &parse_->session);
+    XML_SetElementHandler(parser, onStartElement, onEndElement);
+    XML_SetCharacterDataHandler(parser, onCharacters);
+    XML_SetEntityDeclHandler(parser, onEntityDeclaration);
     // No external entity handler is set, so external entities are skipped, never fetched; the
     // external DTD subset and external parameter entities are not read either.
-    XML_SetParamEntityParsing(parser.get(), XML_PARAM_ENTITY_PARSING_NEVER);
+    XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_NEVER);
 #ifdef XML_DTD
-    XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser.get(),
-                                                             kMaxEntityAmplification);
+    XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser, kMaxEntityAmplification);
 #endif
+    return true;
+}
 
-    // expat takes int lengths: very large documents go in pieces.
-    constexpr std::size_t kPiece = std::size_t{1} << 30;
-    std::size_t offset = 0;
-    bool ok = true;
-    do {
-        const std::size_t length = std::min(kPiece, data.size() - offset);
-        const bool last = offset + length == data.size();
-        ok = XML_Parse(parser.get(), data.data() + offset, static_cast<int>(length),
-                       last ? XML_TRUE : XML_FALSE) == XML_STATUS_OK;
-        offset += length;
-    } while (ok && offset < data.size());
+bool XMLReader::feed(std::string_view piece, bool last)
+{
+    return XML_Parse(parse_->parser.get(), piece.data(), static_cast<int>(piece.size()),
+                     last ? XML_TRUE : XML_FALSE) == XML_STATUS_OK;
+}
 
-    if (!ok) {
-        const XML_Error code = XML_GetErrorCode(parser.get());
+std::optional<XMLNode> XMLReader::endParse(bool ok)
+{
+    std::optional<XMLNode> result;
+    if (ok) {
+        result.emplace(std::move(root_));
+    } else {
+        XML_Parser parser = parse_->parser.get();
+        const std::string &stopReason = parse_->session.stopReason;
         XMLError error;
-        error.message = session.stopReason.empty() ? XML_ErrorString(code) : session.stopReason;
-        error.line = XML_GetCurrentLineNumber(parser.get());
-        error.column = XML_GetCurrentColumnNumber(parser.get()) + 1;
+        error.message = stopReason.empty() ? XML_ErrorString(XML_GetErrorCode(parser)) : stopReason;
+        error.line = XML_GetCurrentLineNumber(parser);
+        error.column = XML_GetCurrentColumnNumber(parser) + 1;
         parserParseErrorOccurred(std::move(error));
-        root_ = XMLNode();
-        dictionaryStack_.clear();
-        return std::nullopt;
     }
-    std::optional<XMLNode> result(std::move(root_));
-    root_ = XMLNode();
+    parse_.reset();
+    root_ = XMLNode(); // a partly built tree is dropped
     dictionaryStack_.clear();
     textInProgress_.clear();
     return result;
@@ -171,8 +226,12 @@ std::optional<XMLNode> XMLReader::objectWithData(std::string_view data)
 void XMLReader::parserDidStartElement(std::string_view name, const char *const *attributes)
 {
     XMLNode child;
-    for (const char *const *attribute = attributes; attribute && attribute[0]; attribute += 2)
-        child.insert(attribute[0], XMLNode(attribute[1]));
+    std::size_t count = 0;
+    while (attributes && attributes[2 * count])
+        ++count;
+    child.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
+        child.insert(attributes[2 * i], XMLNode(attributes[2 * i + 1]));
 
     XMLNode &parent = *dictionaryStack_.back();
     XMLNode *slot = nullptr;

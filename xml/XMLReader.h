@@ -29,6 +29,7 @@
 #include "XMLNode.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -78,6 +79,7 @@ public:
 
     // A reader for repeated parses; error may be null. Not copyable: expat holds its address.
     explicit XMLReader(XMLError *error);
+    ~XMLReader();
     XMLReader(const XMLReader &) = delete;
     XMLReader &operator=(const XMLReader &) = delete;
 
@@ -91,7 +93,24 @@ public:
     void parserFoundCharacters(std::string_view characters);
     void parserParseErrorOccurred(XMLError error);
 
+    // Size of the pieces handed to expat: expat copies what it is given into its own buffer, so
+    // feeding pieces keeps that copy small. A token longer than a piece is rescanned from its
+    // start with every further piece, so pieces are large enough to keep that cheap.
+    static constexpr std::size_t kPieceBytes = std::size_t{4} << 20;
+
 private:
+    struct Parse; // the expat parser of a parse in progress
+    struct ParseDelete {
+        void operator()(Parse *parse) const noexcept;
+    };
+
+    // One parse: begin, then feed every piece of the document in order (the last one marked,
+    // even if empty), then end with whether every feed succeeded.
+    bool beginParse();
+    bool feed(std::string_view piece, bool last);
+    std::optional<XMLNode> endParse(bool ok);
+
+    std::unique_ptr<Parse, ParseDelete> parse_;
     XMLNode root_;
     // Path from the root to the element being read; the last entry is the current element.
     std::vector<XMLNode *> dictionaryStack_;

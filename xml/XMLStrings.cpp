@@ -3,7 +3,6 @@
 #include <charconv>
 #include <cmath>
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -83,15 +82,7 @@ std::string joinTrimmedLines(std::string_view text)
 {
     std::string joined;
     joined.reserve(text.size());
-    size_t start = 0;
-    while (start <= text.size()) {
-        const void *newline = std::memchr(text.data() + start, '\n', text.size() - start);
-        const size_t end =
-            newline ? static_cast<size_t>(static_cast<const char *>(newline) - text.data())
-                    : text.size();
-        joined += trimWhitespaceAndNewlines(text.substr(start, end - start));
-        start = end + 1;
-    }
+    forEachTrimmedLine(text, [&joined](std::string_view line) { joined += line; });
     return joined;
 }
 

@@ -4,6 +4,7 @@
 // attribute values. Everything works on UTF-8 bytes and never fails: invalid UTF-8 is left
 // alone, and a string that holds no number reads as 0.
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,6 +21,20 @@ std::string_view trimWhitespaceAndNewlines(std::string_view text);
 // line break is joined without a space. Example: "<a>\n  51.2\n</a>\n" gives "<a>51.2</a>";
 // "two\n words" gives "twowords".
 std::string joinTrimmedLines(std::string_view text);
+
+// The pieces joinTrimmedLines concatenates, in order: each line (text split at every "\n")
+// trimmed at both ends, empty ones included, handed to piece as views into text.
+template <typename Piece> void forEachTrimmedLine(std::string_view text, Piece &&piece)
+{
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t end = text.find('\n', start);
+        piece(trimWhitespaceAndNewlines(text.substr(start, end - start)));
+        if (end == std::string_view::npos)
+            return;
+        start = end + 1;
+    }
+}
 
 // The integer at the start of text, as a 32-bit integer: leading white space is skipped, then
 // an optional sign and decimal digits are read; anything after them is ignored. No digits

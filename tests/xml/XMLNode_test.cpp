@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
 #include <string>
 
 namespace {
@@ -73,6 +75,36 @@ TEST(XMLNodeDictionary, LargeDictionariesStayConsistentThroughRemovals)
     const XMLNode copy = node; // the copy rebuilds its own index
     EXPECT_TRUE(copy.find("k199")->equalsString("199"));
     EXPECT_TRUE(copy == node);
+}
+
+TEST(XMLNodeDictionary, RandomInsertsAndRemovalsAgreeWithAModel)
+{
+    // Inserts, replacements and removals at random over a few hundred keys, so that the hash
+    // index sees long probe runs, wrap-around and removals in the middle of runs; after every
+    // step a sample of keys, and at the end every key, must agree with std::map.
+    std::mt19937 random(20240514);
+    std::map<std::string, std::string> model;
+    XMLNode node;
+    for (int step = 0; step < 20000; ++step) {
+        const std::string key = "key" + std::to_string(random() % 400);
+        if (random() % 3 == 0) {
+            EXPECT_EQ(node.remove(key), model.erase(key) == 1);
+        } else {
+            const std::string value = std::to_string(step);
+            node.insert(key, XMLNode(value));
+            model[key] = value;
+        }
+        const std::string probe = "key" + std::to_string(random() % 400);
+        const XMLNode *found = node.find(probe);
+        const auto expected = model.find(probe);
+        ASSERT_EQ(found != nullptr, expected != model.end()) << step;
+        if (found) {
+            ASSERT_TRUE(found->equalsString(expected->second)) << step;
+        }
+    }
+    EXPECT_EQ(node.size(), model.size());
+    for (const auto &[key, value] : model)
+        EXPECT_TRUE(node.find(key) && node.find(key)->equalsString(value)) << key;
 }
 
 TEST(XMLNodeEquality, IgnoresKeyOrderButNotItemOrder)

@@ -149,6 +149,37 @@ TEST(ReaderResources, ReadsANamedResourceShippedWithTheProgram)
     EXPECT_EQ(error.line, 0u);
 }
 
+TEST(ReaderPieces, DocumentsLongerThanOnePieceReadWhole)
+{
+    // Elements, a text and an attribute value all cross the borders between the pieces that go
+    // to expat, in both entries (the string entry joins lines on the way).
+    const std::size_t count = 2 * XMLReader::kPieceBytes / 20;
+    std::string document = "<a>\n";
+    for (std::size_t i = 0; i < count; ++i)
+        document += "  <b>" + std::to_string(i) + "</b>\n";
+    const std::string longText(XMLReader::kPieceBytes + 7, 't');
+    document += "<c v=\"" + longText + "\">" + longText + "</c></a>";
+    for (const bool joined : {false, true}) {
+        SCOPED_TRACE(joined ? "string" : "data");
+        const auto tree = joined ? XMLReader::dictionaryForXMLString(document, nullptr)
+                                 : XMLReader::dictionaryForXMLData(document, nullptr);
+        ASSERT_TRUE(tree);
+        const XMLNode *b = tree->find("a")->find("b");
+        ASSERT_EQ(b->size(), count);
+        for (std::size_t i = 0; i < count; i += 9973)
+            EXPECT_TRUE(b->items()[i].equalsString(std::to_string(i))) << i;
+        EXPECT_TRUE(b->items()[count - 1].equalsString(std::to_string(count - 1)));
+        const XMLNode *c = tree->find("a")->find("c");
+        EXPECT_TRUE(c->find("v")->equalsString(longText));
+        EXPECT_TRUE(c->find("text")->equalsString(longText));
+    }
+    XMLError error;
+    document.insert(document.size() - 4, "</x>");
+    EXPECT_FALSE(XMLReader::dictionaryForXMLString(document, &error));
+    EXPECT_EQ(error.message, "mismatched tag");
+    EXPECT_EQ(error.line, 1u);
+}
+
 // --- Hostile documents --------------------------------------------------------------------
 
 std::string nested(int depth, const std::string &innermost)
