@@ -5,7 +5,6 @@
 #include <expat.h>
 
 #include <algorithm>
-#include <climits>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

@@ -9,7 +9,8 @@
 //   has attributes or children.
 // - Names stay exactly as written, prefix included: expat runs without namespace processing,
 //   so <CxF:Color> is the key "CxF:Color".
-// - The result is a root dictionary whose only key is the document element's name.
+// - The result is a root dictionary whose only key is the document element's name (or an empty
+//   one, when the document element was itself an empty leaf and was removed).
 // - A repeated child name becomes an array, created when the second element of that name
 //   starts under the same parent; a single occurrence is never an array.
 // - A leaf (no attributes, no children) with text collapses to its text string; a leaf without
@@ -19,8 +20,10 @@
 //   that expat delivers is trimmed at both ends before it is appended, so white space at chunk
 //   borders (around entity and character references, at line breaks) is lost.
 //
-// Hostile documents: external entities and an external DTD are never loaded; entity expansion
-// is limited to kMaxEntityAmplification times the input (on top of expat's own protection);
+// Hostile documents: external entities and an external DTD are never loaded; once entity
+// expansion passes expat's activation threshold (8 MiB), the document with its expansions may
+// be at most kMaxEntityAmplification times the size of the document itself (expat's default is
+// 100);
 // a document may declare at most kMaxEntityDeclarations entities, which bounds how deeply
 // entity references can nest inside expat. Nested elements, however deep, use no recursion.
 // The reader sets no size limit of its own; callers that read untrusted files do
