@@ -13,10 +13,10 @@ cmsHTRANSFORM labToDisplayTransform()
         const cmsCIExyY d50{0.34567, 0.3585, 1.0};
         cmsHPROFILE lab = cmsCreateLab4Profile(&d50);
         cmsHPROFILE srgb = cmsCreate_sRGBProfile();
-        cmsHTRANSFORM t = (lab && srgb) ? cmsCreateTransform(lab, TYPE_Lab_DBL, srgb, TYPE_RGB_DBL,
-                                                             INTENT_RELATIVE_COLORIMETRIC,
-                                                             cmsFLAGS_NOCACHE)
-                                        : nullptr;
+        cmsHTRANSFORM t = (lab && srgb)
+                              ? cmsCreateTransform(lab, TYPE_Lab_DBL, srgb, TYPE_RGB_DBL,
+                                                   INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOCACHE)
+                              : nullptr;
         if (lab)
             cmsCloseProfile(lab);
         if (srgb)

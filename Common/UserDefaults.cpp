@@ -10,8 +10,8 @@
 UserDefaults *UserDefaults::standardUserDefaults()
 {
     static UserDefaults *shared = new UserDefaults(
-        new QSettings(QSettings::NativeFormat, QSettings::UserScope,
-                      QStringLiteral("cxf-compare"), QStringLiteral("cxf-compare")),
+        new QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("cxf-compare"),
+                      QStringLiteral("cxf-compare")),
         QCoreApplication::instance());
     return shared;
 }
@@ -199,7 +199,8 @@ void UserDefaults::removeObserver(KeyValueObserver *observer, const QString &key
     auto it = m_observations.find(keyPath);
     if (it == m_observations.end())
         return;
-    it->removeIf([&](const Observation &o) { return o.observer == observer && o.context == context; });
+    it->removeIf(
+        [&](const Observation &o) { return o.observer == observer && o.context == context; });
     if (it->isEmpty()) {
         m_observations.erase(it);
         m_lastSeen.remove(keyPath);
@@ -211,8 +212,7 @@ void UserDefaults::startWatching()
     if (m_watcher)
         return;
     m_watcher = new QFileSystemWatcher(this);
-    connect(m_watcher, &QFileSystemWatcher::fileChanged, this,
-            [this] { m_reloadTimer.start(); });
+    connect(m_watcher, &QFileSystemWatcher::fileChanged, this, [this] { m_reloadTimer.start(); });
     connect(m_watcher, &QFileSystemWatcher::directoryChanged, this,
             [this] { m_reloadTimer.start(); });
     rewatchSoon();

@@ -117,9 +117,8 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     UserDefaults *defaults = UserDefaults::standardUserDefaults();
     for (auto it = prefDefaults().cbegin(); it != prefDefaults().cend(); ++it)
-        defaults->addObserver(this, it.key(),
-                              KeyValueObservingOption::New | KeyValueObservingOption::Old,
-                              defaults);
+        defaults->addObserver(
+            this, it.key(), KeyValueObservingOption::New | KeyValueObservingOption::Old, defaults);
 }
 
 void AppDelegate::observeValueForKeyPath(const QString &keyPath, QObject *, const KeyValueChange &,
@@ -130,9 +129,7 @@ void AppDelegate::observeValueForKeyPath(const QString &keyPath, QObject *, cons
         updateUI();
 }
 
-void AppDelegate::parseXML(const QString &, BkgndColorView *)
-{
-}
+void AppDelegate::parseXML(const QString &, BkgndColorView *) {}
 
 void AppDelegate::takeSample(LabColor lab, const QString &caption, BkgndColorView *sender)
 {

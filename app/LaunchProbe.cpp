@@ -51,16 +51,18 @@ void describe(QMainWindow *window)
               .arg(window->isVisible() ? QStringLiteral("visible") : QStringLiteral("hidden")));
     const QList<QLineEdit *> fields = window->findChildren<QLineEdit *>();
     for (const QLineEdit *field : fields)
-        print(QStringLiteral("field: %1 | %2 | %3")
-                  .arg(field->objectName(),
-                       field->isReadOnly() ? QStringLiteral("read-only") : QStringLiteral("editable"),
-                       field->isVisible() ? QStringLiteral("visible") : QStringLiteral("hidden")));
+        print(
+            QStringLiteral("field: %1 | %2 | %3")
+                .arg(field->objectName(),
+                     field->isReadOnly() ? QStringLiteral("read-only") : QStringLiteral("editable"),
+                     field->isVisible() ? QStringLiteral("visible") : QStringLiteral("hidden")));
     const QList<QAction *> menus = window->menuBar()->actions();
     if (!menus.isEmpty() && menus.first()->menu()) {
         const QList<QAction *> items = menus.first()->menu()->actions();
         for (int i = 0; i < items.size(); ++i)
-            print(QStringLiteral("menu[%1]: %2").arg(i).arg(
-                items.at(i)->isSeparator() ? QStringLiteral("-") : items.at(i)->text()));
+            print(QStringLiteral("menu[%1]: %2")
+                      .arg(i)
+                      .arg(items.at(i)->isSeparator() ? QStringLiteral("-") : items.at(i)->text()));
     }
 }
 

@@ -1,8 +1,8 @@
 // cxf-compare: the application's entry point.
 
 #include "AppDelegate.h"
-#include "MainInterface.h"
 #include "LaunchProbe.h"
+#include "MainInterface.h"
 
 #include <QApplication>
 #include <QMainWindow>

@@ -66,9 +66,8 @@ void CMC_ours_Lab(benchmark::State &state)
 
 void CMC_lcms(benchmark::State &state)
 {
-    runOverPairs(state, [](const Pairs &p, size_t i) {
-        return cmsCMCdeltaE(&p.cms1[i], &p.cms2[i], 2, 1);
-    });
+    runOverPairs(
+        state, [](const Pairs &p, size_t i) { return cmsCMCdeltaE(&p.cms1[i], &p.cms2[i], 2, 1); });
 }
 
 void CIE2000_ours(benchmark::State &state)

@@ -10,9 +10,9 @@ namespace {
 
 double launchOnce()
 {
-    const std::string command = "env CXF_LAUNCH_PROBE=1 QT_QPA_PLATFORM=offscreen "
-                                "XDG_CONFIG_HOME=$(mktemp -d) " CXF_COMPARE_EXECUTABLE
-                                " 2>/dev/null";
+    const std::string command =
+        "env CXF_LAUNCH_PROBE=1 QT_QPA_PLATFORM=offscreen "
+        "XDG_CONFIG_HOME=$(mktemp -d) " CXF_COMPARE_EXECUTABLE " 2>/dev/null";
     FILE *out = popen(command.c_str(), "r");
     if (!out)
         return -1;

@@ -126,8 +126,9 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
 
     const double S = h1p + h2p;
     const double Hm = std::fabs(h1p - h2p) > 180 ? (S + 360) / 2 : S / 2;
-    const double T = 1 - 0.17 * std::cos(radians_of(Hm - 30)) + 0.24 * std::cos(radians_of(2 * Hm)) +
-                     0.32 * std::cos(radians_of(3 * Hm + 6)) - 0.20 * std::cos(radians_of(4 * Hm - 63));
+    const double T = 1 - 0.17 * std::cos(radians_of(Hm - 30)) +
+                     0.24 * std::cos(radians_of(2 * Hm)) + 0.32 * std::cos(radians_of(3 * Hm + 6)) -
+                     0.20 * std::cos(radians_of(4 * Hm - 63));
 
     double dhp = h2p - h1p;
     if (std::fabs(dhp) > 180)

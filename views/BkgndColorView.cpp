@@ -38,11 +38,8 @@ QString firstLocalFile(const QMimeData *mime)
 } // namespace
 
 BkgndColorView::BkgndColorView(QWidget *parent)
-    : QWidget(parent),
-      m_swatchLabel(tr("Drop a ColorMunki color patch or project here")),
-      m_color(Qt::darkGray),
-      m_labLabel(QStringLiteral("D50 L*a*b*: --")),
-      m_labelColor(Qt::white)
+    : QWidget(parent), m_swatchLabel(tr("Drop a ColorMunki color patch or project here")),
+      m_color(Qt::darkGray), m_labLabel(QStringLiteral("D50 L*a*b*: --")), m_labelColor(Qt::white)
 {
     setAcceptDrops(true);
     setMinimumSize(160, 110);
@@ -54,7 +51,8 @@ void BkgndColorView::setLabColor(LabColor labColor)
 {
     m_labColor = labColor;
     m_color = colorWithCalibratedD50L(labColor.L, labColor.a, labColor.b, labColor.alpha);
-    m_labLabel = QString::asprintf("D50 L*a*b*: %.3f, %.3f, %.3f", labColor.L, labColor.a, labColor.b);
+    m_labLabel =
+        QString::asprintf("D50 L*a*b*: %.3f, %.3f, %.3f", labColor.L, labColor.a, labColor.b);
     // Chosen on L alone, on purpose: light samples get black text.
     m_labelColor = labColor.L > kBlackCaptionAboveL ? QColor(Qt::black) : QColor(Qt::white);
     update();

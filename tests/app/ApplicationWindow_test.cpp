@@ -27,9 +27,11 @@ TEST(ApplicationWindow, OpensWithItsFieldsAndTheUpdateItem)
     const QString out = QString::fromUtf8(app.readAllStandardOutput());
     const QStringList lines = out.split(QLatin1Char('\n'));
     SCOPED_TRACE(out.toStdString());
-    EXPECT_TRUE(lines.contains(QRegularExpression(QStringLiteral("^window: CxF Compare \\| \\d+x\\d+ \\| visible$"))));
+    EXPECT_TRUE(lines.contains(
+        QRegularExpression(QStringLiteral("^window: CxF Compare \\| \\d+x\\d+ \\| visible$"))));
     for (const char *field : {"delta_E_tf", "delta_L_tf", "delta_C_tf", "delta_H_tf"})
-        EXPECT_TRUE(lines.contains(QStringLiteral("field: %1 | read-only | visible").arg(QLatin1String(field))))
+        EXPECT_TRUE(lines.contains(
+            QStringLiteral("field: %1 | read-only | visible").arg(QLatin1String(field))))
             << field;
     EXPECT_TRUE(lines.contains(QStringLiteral("menu[3]: Check for Updates\u2026")));
     EXPECT_TRUE(lines.contains(QRegularExpression(QStringLiteral("^startup-ms: [0-9.]+$"))));

@@ -19,7 +19,8 @@ TEST(FastHypot, IsBitForBitTheLibraryHypotOverManyMagnitudes)
     for (int i = 0; i < 2'000'000; ++i) {
         const double x = std::ldexp(unit(rng), exponent(rng));
         // Every seventh pair nearly equal in size, where the correction step matters most.
-        const double y = i % 7 == 0 ? x * (1 + 1e-9 * unit(rng)) : std::ldexp(unit(rng), exponent(rng));
+        const double y =
+            i % 7 == 0 ? x * (1 + 1e-9 * unit(rng)) : std::ldexp(unit(rng), exponent(rng));
         if (fast_hypot(x, y) != std::hypot(x, y))
             ++mismatches;
     }
