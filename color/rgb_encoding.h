@@ -29,7 +29,8 @@ void rgb_clamp_to_gamut(RGBColor *rgb);
 // Shifts and scales red, green and blue together so that they fit in 0..1: with lo and hi the
 // smallest and largest channel, nothing changes when 0 ≤ lo and hi ≤ 1; otherwise
 // m = min(lo, 0), range = max(1, hi) − m and each channel becomes (v − m) / range.
-// Alpha is untouched. Bad input: never reports; NaN or infinite channels give NaN channels
+// Alpha is untouched. Bad input: never reports; a NaN channel can hide the others from the
+// range test (NaN red leaves green and blue as they are); infinite channels give NaN channels
 // (or 0 for the finite ones when the largest is +inf).
 // Example: (−0.5, 0.5, 1.5) → (0, 0.5, 1).
 void rgb_scale_to_gamut(RGBColor *rgb);
