@@ -26,8 +26,8 @@ double hue_by_minimum(RGBColor rgb, double d, bool red_is_min, bool green_is_min
 
 // The hue by whole turns into [0, 1): subtract 1 while it is 1 or more, then add 1 while it is
 // below 0. fmod first gives the same value (every step is exact) and keeps the loops short; a
-// non-finite hue becomes NaN instead of looping for ever. Kept on purpose: a hue a hair below
-// 0 (within 2⁻⁵⁴) rounds up to exactly 1 and so falls outside every sector.
+// non-finite hue becomes NaN instead of looping for ever. As the loops are written, a hue a
+// hair below 0 (within 2⁻⁵⁴) rounds up to exactly 1 and so falls outside every sector.
 double hue_in_one_turn(double hue)
 {
     if (!std::isfinite(hue))

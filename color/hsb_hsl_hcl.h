@@ -4,8 +4,8 @@
 // plus three ways to blend two HCL colours. Hue is in turns (0..1 covers the circle) in all
 // three models. Records go in and out by value, alpha is copied unchanged, nothing reports.
 //
-// Hue from RGB [Smith1978] [Joblove1978], with mn, mx the smallest and largest channel and d = mx − mn > 0,
-// the sector chosen by the channel that equals mn:
+// Hue from RGB [Smith1978] [Joblove1978], with mn and mx the smallest and largest channel
+// and d = mx − mn > 0, the sector chosen by the channel that equals mn:
 //   red = mn:          h = 3 − (green − blue) / d
 //   green = mn:        h = 5 − (blue − red) / d
 //   otherwise (blue):  h = 1 − (red − green) / d

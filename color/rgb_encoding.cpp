@@ -69,8 +69,7 @@ void rgb_saturate(RGBColor *rgb)
     rgb->b = (rgb->b - lo) / (hi - lo);
 }
 
-void rgb_float_to_chars(uint8_t *red, uint8_t *green, uint8_t *blue, uint8_t *alpha,
-                        RGBColor rgb)
+void rgb_float_to_chars(uint8_t *red, uint8_t *green, uint8_t *blue, uint8_t *alpha, RGBColor rgb)
 {
     *red = static_cast<uint8_t>(integer_part(rgb.r * 255 + 0.5));
     *green = static_cast<uint8_t>(integer_part(rgb.g * 255 + 0.5));

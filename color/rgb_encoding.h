@@ -45,8 +45,7 @@ void rgb_saturate(RGBColor *rgb);
 // 8-bit channels by rounding: each = trunc(v × 255 + 0.5), kept to its low 8 bits (no
 // clamping, so values outside 0..1 wrap). alpha may be null; the others must not.
 // Example: 1.0 → 255, 0.5 → 128, 1.5 → 127 (383 kept to 8 bits).
-void rgb_float_to_chars(uint8_t *red, uint8_t *green, uint8_t *blue, uint8_t *alpha,
-                        RGBColor rgb);
+void rgb_float_to_chars(uint8_t *red, uint8_t *green, uint8_t *blue, uint8_t *alpha, RGBColor rgb);
 // 16-bit channels: each = trunc(v × 65535 + 0.5), low 16 bits. alpha may be null.
 // Example: 0.5 → 32768, 1.0 → 65535.
 void rgb_float_to_shorts(uint16_t *red, uint16_t *green, uint16_t *blue, uint16_t *alpha,

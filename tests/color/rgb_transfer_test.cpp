@@ -1,5 +1,5 @@
 // Weights, transfer curves and lightness against [IEC61966-2-1], [ITU-R-BT709], [SMPTE240M],
-// [CIE015-2004], hand calculation and LittleCMS's parametric curves and CIELAB.
+// [CIE015-2004], hand calculation, and LittleCMS's CIELAB for the lightness scale.
 #include "rgb_transfer.h"
 
 #include "tolerance.h"
@@ -14,43 +14,36 @@ namespace {
 const double nan = std::numeric_limits<double>::quiet_NaN();
 const double inf = std::numeric_limits<double>::infinity();
 
-double sRGB_decoded(double v)
+// Each curve through its rgb_ form (alpha must survive); the E709 forms must agree with theirs.
+double through(void (*curve)(RGBColor *), double v, void (*single)(double *) = nullptr)
 {
     RGBColor c{v, v, v, 0.25};
-    rgb_sRGB_to_linear(&c);
+    curve(&c);
     EXPECT_EQ(c.alpha, 0.25);
-    return c.g;
-}
-
-double sRGB_encoded(double v)
-{
-    RGBColor c{v, v, v, 0.25};
-    rgb_linear_to_sRGB(&c);
-    EXPECT_EQ(c.alpha, 0.25);
+    if (single) {
+        single(&v);
+        EXPECT_CLOSE(c.g, v, 0);
+    }
     return c.b;
 }
-
+double sRGB_decoded(double v)
+{
+    return through(rgb_sRGB_to_linear, v);
+}
+double sRGB_encoded(double v)
+{
+    return through(rgb_linear_to_sRGB, v);
+}
 double E709_decoded(double v)
 {
-    RGBColor c{v, v, v, 0.25};
-    rgb_Rec709_to_linear(&c);
-    E709_to_linear(&v);
-    EXPECT_CLOSE(c.r, v, 0); // the rgb_ form is the same curve on each channel
-    EXPECT_EQ(c.alpha, 0.25);
-    return v;
+    return through(rgb_Rec709_to_linear, v, E709_to_linear);
 }
-
 double E709_encoded(double v)
 {
-    RGBColor c{v, v, v, 0.25};
-    rgb_linear_to_Rec709(&c);
-    linear_to_E709(&v);
-    EXPECT_CLOSE(c.b, v, 0);
-    EXPECT_EQ(c.alpha, 0.25);
-    return v;
+    return through(rgb_linear_to_Rec709, v, linear_to_E709);
 }
 
-TEST(Weights, KeptFourDigitSetsAndTheirPublishedRoundings)
+TEST(Weights, KeptFourDigitSetsWhiteSumsAndPublishedRoundings)
 {
     struct Case {
         const char *name;
@@ -69,7 +62,6 @@ TEST(Weights, KeptFourDigitSetsAndTheirPublishedRoundings)
         EXPECT_EQ(c.fn(1, 0, 0), c.red);
         EXPECT_EQ(c.fn(0, 1, 0), c.green);
         EXPECT_EQ(c.fn(0, 0, 1), c.blue);
-        EXPECT_CLOSE(c.fn(0.5, 0.25, 2), 0.5 * c.red + 0.25 * c.green + 2 * c.blue, kTolUlps);
     }
     // White: NTSC and sRGB sum to 1; the kept SMPTE 240M digits sum to 1.0001.
     EXPECT_CLOSE(luminance_from_linear_NTSC(1, 1, 1), 1, kTolUlps);
@@ -79,11 +71,6 @@ TEST(Weights, KeptFourDigitSetsAndTheirPublishedRoundings)
     EXPECT_CLOSE(luma_from_gamma_SMPTE_240M(1, 0, 0), 0.212, 5e-4);
     EXPECT_CLOSE(luma_from_gamma_SMPTE_240M(0, 1, 0), 0.701, 5e-4);
     EXPECT_CLOSE(luma_from_gamma_SMPTE_240M(0, 0, 1), 0.087, 5e-4);
-    // [Lindbloom]'s sRGB Y row, 0.2126729, 0.7151522, 0.0721750, from the same primaries with a
-    // D65 white rounded differently: within 1e-5.
-    EXPECT_CLOSE(luminance_from_linear_sRGB(1, 0, 0), 0.2126729, 1e-5);
-    EXPECT_CLOSE(luminance_from_linear_sRGB(0, 1, 0), 0.7151522, 1e-5);
-    EXPECT_CLOSE(luminance_from_linear_sRGB(0, 0, 1), 0.0721750, 1e-5);
 }
 
 TEST(SRGBCurve, PublishedValuesAndBreakPointsOnTheLinearSide)
@@ -140,44 +127,18 @@ TEST(TransferCurves, RoundTripsOutsideTheBreakPointGaps)
     EXPECT_CLOSE(sRGB_encoded(sRGB_decoded(0.04045)), 0.04045, 3e-8);
 }
 
-TEST(TransferCurves, AgreeWithLittleCMSParametricCurves)
-{
-    // IEC 61966-2.1 type: Y = (aX + b)^g for X ≥ d, else cX. The inverse comes from LittleCMS's
-    // own analytic reversal. LittleCMS returns single precision.
-    const double sRGB[5] = {2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
-    const double Rec709[5] = {1 / 0.45, 1 / 1.099, 0.099 / 1.099, 1 / 4.5, 0.081};
-    cmsToneCurve *curves[2] = {cmsBuildParametricToneCurve(nullptr, 4, sRGB),
-                               cmsBuildParametricToneCurve(nullptr, 4, Rec709)};
-    ASSERT_TRUE(curves[0] && curves[1]);
-    cmsToneCurve *inverses[2] = {cmsReverseToneCurve(curves[0]), cmsReverseToneCurve(curves[1])};
-    ASSERT_TRUE(inverses[0] && inverses[1]);
-    for (int i = 0; i <= 100; ++i) {
-        const double v = i / 100.0 + 0.001; // clear of the break points
-        SCOPED_TRACE(v);
-        const float vf = static_cast<float>(v);
-        EXPECT_CLOSE(sRGB_decoded(vf), cmsEvalToneCurveFloat(curves[0], vf), 2e-7);
-        EXPECT_CLOSE(E709_decoded(vf), cmsEvalToneCurveFloat(curves[1], vf), 2e-7);
-        EXPECT_CLOSE(sRGB_encoded(vf), cmsEvalToneCurveFloat(inverses[0], vf), 2e-7);
-        EXPECT_CLOSE(E709_encoded(vf), cmsEvalToneCurveFloat(inverses[1], vf), 2e-7);
-    }
-    for (cmsToneCurve *c : {curves[0], curves[1], inverses[0], inverses[1]})
-        cmsFreeToneCurve(c);
-}
-
 TEST(PowerLaw, GammaIsTheCallersAndTheTwoNamesAgree)
 {
-    // 0.5^2.2 = e^(2.2 ln 0.5) = e^(−1.5249238) = 0.2176376.
-    RGBColor c{0.5, 1, 0, 0.5};
+    // 0.5^2.2 = e^(2.2 ln 0.5) = e^(−1.5249238) = 0.2176376; each function under both names.
+    RGBColor c{0.5, 1, 0, 0.5}, d = c;
     rgb_display_gamma_to_linear(&c, 2.2);
+    rgb_linear_to_image_gamma(&d, 2.2);
     EXPECT_CLOSE(c.r, 0.217637640824031, kTolReference);
-    EXPECT_EQ(c.g, 1);
-    EXPECT_EQ(c.alpha, 0.5);
+    EXPECT_TRUE(c.r == d.r && c.g == 1 && c.b == 0 && c.alpha == 0.5);
     rgb_image_gamma_to_linear(&c, 2.2);
+    rgb_linear_to_display_gamma(&d, 2.2);
     EXPECT_CLOSE(c.r, 0.5, kTolRoundTrip);
-    rgb_linear_to_image_gamma(&c, 2.2);
-    EXPECT_CLOSE(c.r, 0.217637640824031, kTolReference);
-    rgb_linear_to_display_gamma(&c, 2.2);
-    EXPECT_CLOSE(c.r, 0.5, kTolRoundTrip);
+    EXPECT_EQ(c.r, d.r);
     c = {-0.5, 0, 0, 1};
     rgb_display_gamma_to_linear(&c, 2.2);
     EXPECT_TRUE(std::isnan(c.r));
@@ -201,8 +162,8 @@ TEST(Lightness, CIELightnessOverHundredAndItsCubicInverse)
     // value comes back 903.2963 / 903 times itself: 0.05 → 0.0500164.
     EXPECT_CLOSE(luminance_from_lightness(0.08), 0.08 * 0.1107419712070875, kTolUlps);
     EXPECT_CLOSE(luminance_from_lightness(0.05), 0.005537098560354375, kTolUlps);
-    EXPECT_CLOSE(lightness_from_luminance(luminance_from_lightness(0.05), 1),
-                 0.05001640621795661, kTolRoundTrip);
+    EXPECT_CLOSE(lightness_from_luminance(luminance_from_lightness(0.05), 1), 0.05001640621795661,
+                 kTolRoundTrip);
     for (int i = 9; i <= 100; ++i) { // above the break the cubic inverts the cube root
         const double L = i / 100.0;
         EXPECT_CLOSE(lightness_from_luminance(luminance_from_lightness(L), 1), L, kTolRoundTrip);
