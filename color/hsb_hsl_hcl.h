@@ -44,6 +44,7 @@ struct HCLColor {
 // Example: (1, 0, 0) → (1.0, 1, 1); (0.25, 0.5, 0.75) → (7/12, 2/3, 0.75).
 HSBColor hsb_from_rgb(RGBColor rgb);
 // RGB from HSB: C = saturation × brightness, hexcone step, m = brightness − C.
+// Bad input: never reports; a NaN or infinite hue gives no chroma, the grey (m, m, m).
 // Example: (7/12, 2/3, 0.75) → (0.25, 0.5, 0.75); hue 1.0 and −0.25 give the colours of 0
 // and 0.75.
 RGBColor rgb_from_hsb(HSBColor hsb);
@@ -55,18 +56,21 @@ RGBColor rgb_from_hsb(HSBColor hsb);
 // Example: (0.2, 0.4, 0.6) → (210/360, 0.5, 0.4); (1, 1, 1) → (0, 0, 1).
 HSLColor hsl_from_rgb(RGBColor rgb);
 // RGB from HSL: C = (1 − |2 × lightness − 1|) × saturation, hexcone step, m = lightness − C/2.
+// Bad input: as rgb_from_hsb.
 // Example: (210/360, 0.5, 0.4) → (0.2, 0.4, 0.6).
 RGBColor rgb_from_hsl(HSLColor hsl);
 
 // HCL from RGB: chroma d, saturation d / mx, hue as for HSL, luma = 0.212671 red +
 // 0.71516 green + 0.072169 blue. A grey gives hue, chroma and saturation 0.
+// Bad input: never reports; mx = 0 with d ≠ 0 gives infinite saturation; NaN gives NaN.
 // Example: (0.2, 0.4, 0.6) → hue 7/12, chroma 0.4, saturation 2/3, luma 0.3718996.
 HCLColor hcl_from_rgb(RGBColor rgb);
 // RGB from hue, chroma and luma (the saturation field is ignored): hexcone step with chroma C
 // gives (r1, g1, b1); m = luma − luma(r1, g1, b1), k = 1; if m < 0, k = luma / (luma − m) and
 // m = 0; else if m + C > 1, k = (1 − luma) / (m + C − luma) and m = 1 − C k; result
 // (r1 k + m, g1 k + m, b1 k + m). A colour that does not fit in the unit cube keeps its hue and
-// luma and loses chroma.
+// luma and loses chroma. Bad input: never reports; a NaN or infinite hue gives no chroma (a
+// grey at the luma, for luma in 0..1).
 // Example: hue 7/12, chroma 0.4, luma 0.3718996 → (0.2, 0.4, 0.6); luma 0.9 with chroma 1 at
 // hue 2/3 (blue) → (0.8922, 0.8922, 1) within the cube, luma still 0.9.
 RGBColor rgb_from_hcl(HCLColor hcl);
