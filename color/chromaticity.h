@@ -158,13 +158,13 @@ inline constexpr int kCCTMethodRobertson = 2;
 // X, Y, Z: any scale. Result: kelvin, between about 1667 K (600 mired) and infinity (0 mired);
 // 0 when X, Y and Z are all below 1e-20, or when the point lies beyond the table's span so
 // that no sign change occurs (NaN input included).
-// Example: the D65 white (0.9504285453771807, 1, 1.0889003707981277) gives 6503.0 K.
+// Example: the D65 white (0.9504285453771807, 1, 1.0889003707981277) gives 6503.0106 K.
 double CCT_from_XYZ(double X, double Y, double Z);
 
 // Correlated colour temperature of a chromaticity x, y by the chosen method
 // (kCCTMethodMcCamy, kCCTMethodExponential, kCCTMethodRobertson; any other value is the
 // exponential fit). Result: kelvin; Robertson gives 0 as CCT_from_XYZ does, y = 0 included;
 // the two fits give whatever their formulas give (infinities or NaN at their poles).
-// Example: (0.31271, 0.32902) gives 6503.0 K by Robertson, 6502.195 K by McCamy as kept
-// here, 6500.042 K by the exponential fit.
+// Example: (0.31271, 0.32902) gives 6503.0106 K by Robertson, 6502.1953 K by McCamy as kept
+// here, 6500.0422 K by the exponential fit.
 double CCT_from_xy(int method, double x, double y);

@@ -39,7 +39,9 @@ xyChromaticity xy_from_CIE_D_illuminant_temp(double temperature);
 // (a step below 5 repeats the first row). Result: empty when the range is rejected, when the
 // last row read, (start − 300) / 5 + (n − 1)·(step / 5), would lie past the table's 830 nm
 // row (e.g. 300 to 830 at step 10), or when memory runs out.
-// Example: (300, 830, 5, 0.31271, 0.32902) gives 107 samples; the one at 560 nm is 1.
+// Example: (300, 830, 5, 0.31273218603656117, 0.3291372783929711), where M1 = −0.295 and
+// M2 = −0.689, gives 107 samples, the one at 560 nm exactly 1: the published D65 table
+// divided by 100, within its rounding.
 SpectrumBuffer create_spectrum_for_CIE_D_illuminant_xy(unsigned start_nm, unsigned end_nm,
                                                        unsigned step_nm, double x, double y);
 
