@@ -20,9 +20,8 @@ const double *cone_matrix_for_method(unsigned method)
 
 } // namespace
 
-int adapt_XYZ_to_XYZ(const XYZTriple *source, const XYZTriple *sourceWhite,
-                     XYZTriple *destination, const XYZTriple *destinationWhite,
-                     unsigned method)
+int adapt_XYZ_to_XYZ(const XYZTriple *source, const XYZTriple *sourceWhite, XYZTriple *destination,
+                     const XYZTriple *destinationWhite, unsigned method)
 {
     if (method > kAdaptationBradfordToo)
         return -50; // paramErr
@@ -36,11 +35,13 @@ int adapt_XYZ_to_XYZ(const XYZTriple *source, const XYZTriple *sourceWhite,
     multiply_3x3_by_3x1_matrix(S, M, ws);
     multiply_3x3_by_3x1_matrix(D, M, wd);
 
+    // clang-format off
     const double scale[9] = {
         D[0] / S[0], 0, 0,
         0, D[1] / S[1], 0,
         0, 0, D[2] / S[2],
     };
+    // clang-format on
     double MinvScale[9], T[9];
     multiply_3x3_by_3x3_matrix(MinvScale, Minv, scale);
     multiply_3x3_by_3x3_matrix(T, MinvScale, M);
@@ -72,6 +73,6 @@ bool is_XYZ_D50(XYZTriple xyz)
 
 bool are_XYZs_Adapted_to_D50(XYZTriple red, XYZTriple green, XYZTriple blue)
 {
-    return is_XYZ_D50({red.X + green.X + blue.X, red.Y + green.Y + blue.Y,
-                       red.Z + green.Z + blue.Z});
+    return is_XYZ_D50(
+        {red.X + green.X + blue.X, red.Y + green.Y + blue.Y, red.Z + green.Z + blue.Z});
 }

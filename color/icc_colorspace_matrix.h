@@ -1,6 +1,6 @@
 #pragma once
-// RGB-to-XYZ matrices from the colorant and white-point tags of an ICC matrix profile, read
-// through LittleCMS 2. Part of the color_cms library.
+// RGB-to-XYZ matrices from the colorant and white-point tags of an ICC matrix profile
+// [ICC.1-2010], read through LittleCMS 2. Part of the color_cms library.
 
 #include <lcms2.h>
 

@@ -111,8 +111,7 @@ double saturationCorrelate_Luv(LuvColor luv)
 
 LChColor LCHuv_from_Luv(LuvColor luv)
 {
-    return {luv.L, std::sqrt(luv.u * luv.u + luv.v * luv.v), std::atan2(luv.v, luv.u),
-            luv.alpha};
+    return {luv.L, std::sqrt(luv.u * luv.u + luv.v * luv.v), std::atan2(luv.v, luv.u), luv.alpha};
 }
 
 LuvColor Luv_from_LCHuv(LChColor lch)

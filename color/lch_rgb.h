@@ -12,12 +12,15 @@
 RGBColor rgb_from_LCHuv_using_matrix(const double *m, LChColor lch);
 
 // m · (r, g, b) (unclamped) → Luv_from_XYZ → C = √(u² + v²), h = atan2(v, u) (exact).
-// m: an RGB-to-XYZ matrix. Example: sRGB (1, 1, 1) → L 100, C ≈ 0.
+// m: an RGB-to-XYZ matrix. Example: linear sRGB red (1, 0, 0) → L 53.236879, C 179.035900,
+// h 0.212483.
 LChColor LChuv_from_rgb_using_matrix(const double *m, RGBColor rgb);
 
 // LCh(ab) → Lab_from_LCHab → XYZ_from_Lab → RGB_from_XYZ_using_matrix (clamped).
+// Example: (53.236879, 104.550823, 39.99753°) through the sRGB inverse matrix → (1, 0, 0).
 RGBColor rgb_from_LCHab_using_matrix(const double *m, LChColor lch);
 
 // m · (r, g, b) (unclamped) → Lab_from_XYZ → LCHab_from_Lab (fast arctangent hue).
-// Example: sRGB red (1, 0, 0) → L 53.24, C 104.55, h ≈ 40.0° (in radians).
+// Example: linear sRGB red (1, 0, 0) → L 53.236879, C 104.550823, h ≈ 40.0° (in radians,
+// within the arctangent's 10 mrad).
 LChColor LChab_from_rgb_using_matrix(const double *m, RGBColor rgb);

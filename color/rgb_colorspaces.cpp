@@ -47,11 +47,13 @@ RGBColor sRGB_from_XYZ(XYZColor xyz)
 void RGB_to_XYZ_matrix_for_primaries(double *m, XYZTriple red, XYZTriple green, XYZTriple blue,
                                      XYZTriple white)
 {
+    // clang-format off
     const double P[9] = {
         red.X, green.X, blue.X,
         red.Y, green.Y, blue.Y,
         red.Z, green.Z, blue.Z,
     };
+    // clang-format on
     const double W[3] = {white.X, white.Y, white.Z};
     double Pinv[9], S[3];
     invert_3x3_matrix(Pinv, P); // a singular P goes on with its adjugate
@@ -62,18 +64,17 @@ void RGB_to_XYZ_matrix_for_primaries(double *m, XYZTriple red, XYZTriple green, 
 }
 
 void RGB_to_XYZ_matrix_for_colorspace_chromaticities(double *m,
-                                                    const ColorSpaceChromaticities *space)
+                                                     const ColorSpaceChromaticities *space)
 {
     // XYZ_from_xy gives (0, 0, 0) for y = 0; this builder keeps Y = 1 there.
-    const XYZTriple white =
-        space->wy != 0 ? XYZ_from_xy(space->wx, space->wy) : XYZTriple{0, 1, 0};
+    const XYZTriple white = space->wy != 0 ? XYZ_from_xy(space->wx, space->wy) : XYZTriple{0, 1, 0};
     RGB_to_XYZ_matrix_for_primaries(m, XYZ_of_primary(space->rx, space->ry, space->rY),
                                     XYZ_of_primary(space->gx, space->gy, space->gY),
                                     XYZ_of_primary(space->bx, space->by, space->bY), white);
 }
 
 void XYZ_to_RGB_matrix_for_colorspace_chromaticities(double *m,
-                                                    const ColorSpaceChromaticities *space)
+                                                     const ColorSpaceChromaticities *space)
 {
     double forward[9];
     RGB_to_XYZ_matrix_for_colorspace_chromaticities(forward, space);
@@ -82,8 +83,7 @@ void XYZ_to_RGB_matrix_for_colorspace_chromaticities(double *m,
 
 XYZColor XYZ_from_RGB_using_matrix(const double *m, RGBColor rgb)
 {
-    return {m[0] * rgb.r + m[1] * rgb.g + m[2] * rgb.b,
-            m[3] * rgb.r + m[4] * rgb.g + m[5] * rgb.b,
+    return {m[0] * rgb.r + m[1] * rgb.g + m[2] * rgb.b, m[3] * rgb.r + m[4] * rgb.g + m[5] * rgb.b,
             m[6] * rgb.r + m[7] * rgb.g + m[8] * rgb.b, rgb.alpha};
 }
 
@@ -94,16 +94,14 @@ RGBColor RGB_from_XYZ_using_matrix(const double *m, XYZColor xyz)
                     m[6] * xyz.X + m[7] * xyz.Y + m[8] * xyz.Z, xyz.alpha});
 }
 
-XYZColor XYZ_from_RGB_using_colorspace_chromaticities(RGBColor rgb,
-                                                     ColorSpaceChromaticities space)
+XYZColor XYZ_from_RGB_using_colorspace_chromaticities(RGBColor rgb, ColorSpaceChromaticities space)
 {
     double m[9];
     RGB_to_XYZ_matrix_for_colorspace_chromaticities(m, &space);
     return XYZ_from_RGB_using_matrix(m, rgb);
 }
 
-RGBColor RGB_from_XYZ_using_colorspace_chromaticities(XYZColor xyz,
-                                                     ColorSpaceChromaticities space)
+RGBColor RGB_from_XYZ_using_colorspace_chromaticities(XYZColor xyz, ColorSpaceChromaticities space)
 {
     double m[9];
     XYZ_to_RGB_matrix_for_colorspace_chromaticities(m, &space);

@@ -12,10 +12,11 @@
 //   Z = 0.0193339 r + 0.119192  g + 0.9503041 b      b =  0.0556434 X − 0.2040259 Y + 1.0572252 Z
 
 // XYZ of a linear sRGB colour; unclamped, alpha copied.
-// Example: (1, 1, 1) → (0.9505, 1.0000001, 1.0889) (the rounded published matrix).
+// Example: (1, 1, 1) → (0.95047, 1.0000001, 1.08883) (the rows of the published matrix).
 XYZColor XYZ_from_sRGB(RGBColor rgb);
 // Linear sRGB of an XYZ colour; r, g, b and alpha each clamped to 0..1 (NaN passes through).
-// Example: (0.5, 1.2, 0.1, alpha 1.5) → green and alpha clamped to 1.
+// Example: (0.5, 1.2, 0.1, alpha 1.5) → (0, 1, 0, 1): r −0.274 and b −0.111 clamp to 0, g
+// 1.771 and the alpha to 1.
 RGBColor sRGB_from_XYZ(XYZColor xyz);
 
 // RGB-to-XYZ matrix from the XYZ of three primaries and of the white [Lindbloom]: with P the
@@ -27,25 +28,24 @@ void RGB_to_XYZ_matrix_for_primaries(double *m, XYZTriple red, XYZTriple green, 
                                      XYZTriple white);
 
 // RGB-to-XYZ matrix of a working space [Lindbloom]: each primary (x, y, Y) becomes
-// (x Y / y, Y, (1 − x − y) Y / y) (X = Z = 0 when y = 0); the white W = (xw/yw, 1,
-// (1 − xw − yw)/yw) ((0, 1, 0) when yw = 0); with P the primaries as columns, S = P⁻¹ W and
-// the result is P with each column scaled by its S, so (1, 1, 1) maps to W and the stored Y
-// of the primaries cancels out. A singular P goes on with its adjugate (unreported).
-// Example: sRGB gives a middle row (0.21264, 0.71517, 0.07219) summing to 1.
+// (x Y / y, Y, (1 − x − y) Y / y) (X = Z = 0 when y = 0), the white W = (xw/yw, 1,
+// (1 − xw − yw)/yw) ((0, 1, 0) when yw = 0), then RGB_to_XYZ_matrix_for_primaries: the stored
+// Y of the primaries cancels out, as intended.
+// Example: sRGB gives a middle row (0.2126368, 0.7151830, 0.0721802) summing to 1.
 void RGB_to_XYZ_matrix_for_colorspace_chromaticities(double *m,
-                                                    const ColorSpaceChromaticities *space);
+                                                     const ColorSpaceChromaticities *space);
 // The inverse of the above, through invert_3x3_matrix (a failed inversion leaves the adjugate).
 void XYZ_to_RGB_matrix_for_colorspace_chromaticities(double *m,
-                                                    const ColorSpaceChromaticities *space);
+                                                     const ColorSpaceChromaticities *space);
 
 // m · (r, g, b), unclamped, alpha copied. m: an RGB-to-XYZ matrix.
+// Example: the identity and (−0.5, 2, 0.5, alpha 3) → (−0.5, 2, 0.5, 3).
 XYZColor XYZ_from_RGB_using_matrix(const double *m, RGBColor rgb);
-// m · (X, Y, Z), then r, g, b and alpha clamped to 0..1. m: an XYZ-to-RGB matrix.
+// m · (X, Y, Z), then r, g, b and alpha clamped to 0..1 (NaN passes through). m: an
+// XYZ-to-RGB matrix. Example: the identity and (−0.5, 2, 0.5, alpha 3) → (0, 1, 0.5, 1).
 RGBColor RGB_from_XYZ_using_matrix(const double *m, XYZColor xyz);
 
 // The same through a working space, building (and for RGB_from_ inverting) its matrix on
 // every call. Example: sRGB white (1, 1, 1) → (0.9504285453771807, 1, 1.0889003707981277).
-XYZColor XYZ_from_RGB_using_colorspace_chromaticities(RGBColor rgb,
-                                                     ColorSpaceChromaticities space);
-RGBColor RGB_from_XYZ_using_colorspace_chromaticities(XYZColor xyz,
-                                                     ColorSpaceChromaticities space);
+XYZColor XYZ_from_RGB_using_colorspace_chromaticities(RGBColor rgb, ColorSpaceChromaticities space);
+RGBColor RGB_from_XYZ_using_colorspace_chromaticities(XYZColor xyz, ColorSpaceChromaticities space);

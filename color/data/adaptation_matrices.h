@@ -6,6 +6,7 @@
 // [CIE159-2004] (CAT02); [Hunt2004] (Hunt-Pointer-Estevez); [Finlayson2000] (Sharp).
 
 // {row 1, row 2, row 3}
+// clang-format off
 inline constexpr double Linear_Matrix[9] = {
     1, 0, 0,
     0, 1, 0,
@@ -41,3 +42,4 @@ inline constexpr double Sharp_Matrix[9] = {
     -0.8364, 1.8006, 0.0357,
     0.0297, -0.0315, 1.0018,
 };
+// clang-format on

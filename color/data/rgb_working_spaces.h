@@ -17,6 +17,7 @@ struct ColorSpaceChromaticities {
 // The Y members are informative as well: the matrices use only the x, y pairs.
 
 // {name, red x, y, Y, green x, y, Y, blue x, y, Y, white x, y, gamma}
+// clang-format off
 inline constexpr ColorSpaceChromaticities gColorSpaceChromaticities_AdobeRGB = {
     "Adobe RGB 1998", 0.64, 0.33, 0.297361, 0.21, 0.71, 0.627355,
     0.15, 0.06, 0.075285, 0.31271, 0.32902, 2.2};
@@ -65,3 +66,4 @@ inline constexpr ColorSpaceChromaticities gColorSpaceChromaticities_sRGB = {
 inline constexpr ColorSpaceChromaticities gColorSpaceChromaticities_WideGamutRGB = {
     "Wide Gamut RGB", 0.735, 0.265, 0.258187, 0.115, 0.826, 0.724938,
     0.157, 0.018, 0.016875, 0.34567, 0.3585, 2.2};
+// clang-format on

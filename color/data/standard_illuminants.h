@@ -13,6 +13,7 @@ struct StandardIlluminant {
 };
 
 // {name, 2° x, 2° y, 10° x, 10° y}
+// clang-format off
 inline constexpr StandardIlluminant gStandardIlluminant_A = {
     "Illuminant A - Incandescent, Tungsten-Filament Lamp", 0.44757, 0.40745, 0.45117, 0.40594};
 inline constexpr StandardIlluminant gStandardIlluminant_B = {
@@ -67,3 +68,4 @@ inline constexpr StandardIlluminant gStandardIlluminant_F11 = {
 inline constexpr StandardIlluminant gStandardIlluminant_F12 = {
     "Illuminant F12 - Philips TL83, Ultralume 30 (CCT 3000K, CRI 83)", 0.43695, 0.40441,
     0.44256, 0.39717};
+// clang-format on

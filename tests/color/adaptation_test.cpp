@@ -36,8 +36,8 @@ void adaptationMatrix(XYZTriple from, XYZTriple to, unsigned method, double *T)
 
 TEST(AdaptXYZ, BradfordMatchesLindbloomsPublishedMatrix)
 {
-    const double published[9] = {0.9555766,  -0.0230393, 0.0631636, -0.0282895, 1.0099416,
-                                 0.0210077,  0.0122982,  -0.0204830, 1.3299098};
+    const double published[9] = {0.9555766, -0.0230393, 0.0631636,  -0.0282895, 1.0099416,
+                                 0.0210077, 0.0122982,  -0.0204830, 1.3299098};
     for (unsigned method : {0u, 3u}) { // both numbers select Bradford
         double T[9];
         adaptationMatrix({0.96422, 1, 0.82521}, {0.95047, 1, 1.08883}, method, T);
@@ -113,8 +113,8 @@ TEST(ConeMatrices, RowsNormaliseTheirReferenceWhite)
 {
     // A transcription check: the CAT matrices map the equal-energy white (1, 1, 1) to
     // (1, 1, 1), and von Kries (normalised to D65) maps D65 there, to their printed digits.
-    const double *equalEnergy[] = {Linear_Matrix, Bradford_Matrix, CMCCAT2000_Matrix,
-                                   CIECAT02_Matrix, HPE_Matrix, Sharp_Matrix};
+    const double *equalEnergy[] = {Linear_Matrix,   Bradford_Matrix, CMCCAT2000_Matrix,
+                                   CIECAT02_Matrix, HPE_Matrix,      Sharp_Matrix};
     for (const double *M : equalEnergy)
         for (int row = 0; row < 3; ++row)
             EXPECT_CLOSE(M[3 * row] + M[3 * row + 1] + M[3 * row + 2], 1, 1.5e-4);

@@ -75,14 +75,16 @@ constexpr uint32_t kOne = 0x00010000;
 constexpr uint32_t kMinusHalf = 0xFFFF8000;
 
 // An RGB profile holding only the given raw XYZ tags.
-Profile rawTagProfile(std::initializer_list<std::pair<cmsTagSignature, std::vector<unsigned char>>> tags)
+Profile
+rawTagProfile(std::initializer_list<std::pair<cmsTagSignature, std::vector<unsigned char>>> tags)
 {
     cmsHPROFILE profile = cmsCreateProfilePlaceholder(nullptr);
     cmsSetDeviceClass(profile, cmsSigDisplayClass);
     cmsSetColorSpace(profile, cmsSigRgbData);
     cmsSetPCS(profile, cmsSigXYZData);
     for (const auto &[signature, bytes] : tags)
-        cmsWriteRawTag(profile, signature, bytes.data(), static_cast<cmsUInt32Number>(bytes.size()));
+        cmsWriteRawTag(profile, signature, bytes.data(),
+                       static_cast<cmsUInt32Number>(bytes.size()));
     return reopened(profile);
 }
 
@@ -98,8 +100,9 @@ TEST(MatrixForColorSpace, NullProfileIsSRGB)
 {
     double m[9];
     RGB_to_XYZ_matrix_for_colorspace(m, nullptr);
-    expectMatrix(m, {kSRGBExact[0], kSRGBExact[1], kSRGBExact[2], kSRGBExact[3], kSRGBExact[4],
-                     kSRGBExact[5], kSRGBExact[6], kSRGBExact[7], kSRGBExact[8]},
+    expectMatrix(m,
+                 {kSRGBExact[0], kSRGBExact[1], kSRGBExact[2], kSRGBExact[3], kSRGBExact[4],
+                  kSRGBExact[5], kSRGBExact[6], kSRGBExact[7], kSRGBExact[8]},
                  1e-15);
 }
 

@@ -21,7 +21,8 @@ constexpr double kTolFloatPipeline = 1e-5;
 // The chromatic adaptation tag maps the profile's white to LittleCMS's D50 (0.9642, 1, 0.8249).
 void expectWhiteAdaptsToD50(cmsHPROFILE profile, const double (&white)[3])
 {
-    const auto *chad = static_cast<const double *>(cmsReadTag(profile, cmsSigChromaticAdaptationTag));
+    const auto *chad =
+        static_cast<const double *>(cmsReadTag(profile, cmsSigChromaticAdaptationTag));
     ASSERT_NE(chad, nullptr);
     const double d50[3] = {0.9642, 1, 0.8249};
     for (int row = 0; row < 3; ++row)

@@ -79,10 +79,9 @@ std::map<int, double> tabulatedSpectrum(const std::string &name)
 std::map<int, double> daylightSpectrum(double nominalKelvin)
 {
     const double T = nominalKelvin * 1.4388 / 1.4380;
-    const double xD = T <= 7000 ? -4.6070e9 / (T * T * T) + 2.9678e6 / (T * T) + 0.09911e3 / T +
-                                      0.244063
-                                : -2.0064e9 / (T * T * T) + 1.9018e6 / (T * T) + 0.24748e3 / T +
-                                      0.237040;
+    const double xD = T <= 7000
+                          ? -4.6070e9 / (T * T * T) + 2.9678e6 / (T * T) + 0.09911e3 / T + 0.244063
+                          : -2.0064e9 / (T * T * T) + 1.9018e6 / (T * T) + 0.24748e3 / T + 0.237040;
     const double yD = -3.000 * xD * xD + 2.870 * xD - 0.275;
     const double M = 0.0241 + 0.2562 * xD - 0.7341 * yD;
     const double M1 = std::round((-1.3515 - 1.7703 * xD + 5.9114 * yD) / M * 1000) / 1000;
@@ -122,10 +121,10 @@ TEST(StandardIlluminants, AgreeWithThePublishedSpectra)
 
 TEST(StandardIlluminants, NamesAndEqualEnergyWhite)
 {
-    EXPECT_STREQ(gStandardIlluminant_D65.name,
-                 "Illuminant D65 - 2\xC2\xB0 Observer, Noon Daylight, Television, sRGB Color Space");
-    EXPECT_STREQ(gStandardIlluminant_A.name,
-                 "Illuminant A - Incandescent, Tungsten-Filament Lamp");
+    EXPECT_STREQ(
+        gStandardIlluminant_D65.name,
+        "Illuminant D65 - 2\xC2\xB0 Observer, Noon Daylight, Television, sRGB Color Space");
+    EXPECT_STREQ(gStandardIlluminant_A.name, "Illuminant A - Incandescent, Tungsten-Filament Lamp");
     EXPECT_STREQ(gStandardIlluminant_F12.name,
                  "Illuminant F12 - Philips TL83, Ultralume 30 (CCT 3000K, CRI 83)");
     EXPECT_EQ(gStandardIlluminant_E.x2, 0.3333333333333333);
