@@ -41,7 +41,8 @@ void account(long long change)
 {
     const long long live = gLiveBytes.fetch_add(change, std::memory_order_relaxed) + change;
     long long peak = gPeakBytes.load(std::memory_order_relaxed);
-    while (live > peak && !gPeakBytes.compare_exchange_weak(peak, live, std::memory_order_relaxed)) {
+    while (live > peak &&
+           !gPeakBytes.compare_exchange_weak(peak, live, std::memory_order_relaxed)) {
     }
 }
 
@@ -279,7 +280,8 @@ void printSummary()
                 static_cast<double>(text.size()) / (1 << 20));
     const Figures raw = measureInChild([&] { benchmark::DoNotOptimize(rawExpatParse(text)); }, 7);
     const Figures reader = measureInChild([&] { benchmark::DoNotOptimize(readerOnly(text)); }, 7);
-    const Figures import = measureInChild([&] { benchmark::DoNotOptimize(importProject(text)); }, 7);
+    const Figures import =
+        measureInChild([&] { benchmark::DoNotOptimize(importProject(text)); }, 7);
     std::printf("%-18s %12s %16s %18s\n", "", "best time", "peak C++ heap", "peak RSS rise");
     const auto row = [](const char *name, const Figures &f) {
         std::printf("%-18s %9.1f ms %12.1f MiB %14.1f MiB\n", name, f.bestSeconds * 1e3,

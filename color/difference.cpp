@@ -1,5 +1,6 @@
 #include "difference.h"
 
+#include "fast_hypot.h"
 #include "math_constants.h"
 
 #include <cmath>
@@ -13,7 +14,7 @@ double square(double v)
 
 double chroma(LabColor lab)
 {
-    return std::hypot(lab.a, lab.b);
+    return fast_hypot(lab.a, lab.b);
 }
 
 double radians_of(double degrees)
@@ -120,13 +121,14 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
     const double Cm7 = seventh_power((C1 + C2) / 2);
     const double G = 1 + 0.5 * (1 - std::sqrt(Cm7 / (Cm7 + k25To7)));
     const double a1p = lab1.a * G, a2p = lab2.a * G;
-    const double C1p = std::hypot(a1p, lab1.b), C2p = std::hypot(a2p, lab2.b);
+    const double C1p = fast_hypot(a1p, lab1.b), C2p = fast_hypot(a2p, lab2.b);
     const double h1p = hue_degrees(lab1.b, a1p), h2p = hue_degrees(lab2.b, a2p);
 
     const double S = h1p + h2p;
     const double Hm = std::fabs(h1p - h2p) > 180 ? (S + 360) / 2 : S / 2;
-    const double T = 1 - 0.17 * std::cos(radians_of(Hm - 30)) + 0.24 * std::cos(radians_of(2 * Hm)) +
-                     0.32 * std::cos(radians_of(3 * Hm + 6)) - 0.20 * std::cos(radians_of(4 * Hm - 63));
+    const double T = 1 - 0.17 * std::cos(radians_of(Hm - 30)) +
+                     0.24 * std::cos(radians_of(2 * Hm)) + 0.32 * std::cos(radians_of(3 * Hm + 6)) -
+                     0.20 * std::cos(radians_of(4 * Hm - 63));
 
     double dhp = h2p - h1p;
     if (std::fabs(dhp) > 180)
@@ -177,23 +179,28 @@ double delta_C_LCh_CMC(LChColor lch1, LChColor lch2, double c)
 }
 
 // The hue term rebuilds a and b from C and h and recomputes ΔC from them. No low-chroma guard:
-// the stored hue is used even when C1 is 0.
-double delta_H_LCh_CMC(LChColor lch1, LChColor lch2)
+// the stored hue is used even when C1 is 0. SC1 is SC(C1), passed in so that ΔE computes it once.
+static double cmc_hue_term(LChColor lch1, LChColor lch2, double SC1)
 {
     const double F = cmc_F(lch1.C);
     const double T = cmc_T(180.0 * lch1.h / kPi);
     const double a1 = lch1.C * std::cos(lch1.h), b1 = lch1.C * std::sin(lch1.h);
     const double a2 = lch2.C * std::cos(lch2.h), b2 = lch2.C * std::sin(lch2.h);
-    const double dC = std::hypot(a2, b2) - std::hypot(a1, b1);
-    return std::sqrt(square(a2 - a1) + square(b2 - b1) - dC * dC) /
-           (cmc_SC(lch1.C) * (T * F + 1 - F));
+    const double dC = fast_hypot(a2, b2) - fast_hypot(a1, b1);
+    return std::sqrt(square(a2 - a1) + square(b2 - b1) - dC * dC) / (SC1 * (T * F + 1 - F));
+}
+
+double delta_H_LCh_CMC(LChColor lch1, LChColor lch2)
+{
+    return cmc_hue_term(lch1, lch2, cmc_SC(lch1.C));
 }
 
 double delta_E_LCh_CMC(LChColor lch1, LChColor lch2, double l, double c)
 {
+    const double SC1 = cmc_SC(lch1.C);
     const double dL = (lch2.L - lch1.L) / (l * cmc_SL(lch1.L));
-    const double dC = (lch2.C - lch1.C) / (c * cmc_SC(lch1.C));
-    const double dH = delta_H_LCh_CMC(lch1, lch2);
+    const double dC = (lch2.C - lch1.C) / (c * SC1);
+    const double dH = cmc_hue_term(lch1, lch2, SC1);
     return std::sqrt(dL * dL + dC * dC + dH * dH);
 }
 
@@ -204,5 +211,5 @@ double deltaE_Luv(LuvColor luv1, LuvColor luv2)
 
 double deltaE_uv(LuvColor luv1, LuvColor luv2)
 {
-    return std::hypot(luv2.u - luv1.u, luv2.v - luv1.v);
+    return fast_hypot(luv2.u - luv1.u, luv2.v - luv1.v);
 }

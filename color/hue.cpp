@@ -1,5 +1,6 @@
 #include "hue.h"
 
+#include "fast_hypot.h"
 #include "math_constants.h"
 
 #include <cmath>
@@ -61,7 +62,7 @@ float fast_atan2f(float y, float x)
 
 LChColor LCHab_from_Lab(LabColor lab)
 {
-    return {lab.L, std::hypot(lab.a, lab.b), fast_atan2(lab.b, lab.a), lab.alpha};
+    return {lab.L, fast_hypot(lab.a, lab.b), fast_atan2(lab.b, lab.a), lab.alpha};
 }
 
 LabColor Lab_from_LCHab(LChColor lch)

@@ -23,9 +23,9 @@ void exerciseTree(const XMLNode &tree)
 {
     const XMLNode copy = tree;
     check(copy == tree);
-    for (const char *path : {"CxF:CxF.CxF:Palette.CxF:ColorSet.CxF:Color.last",
-                             "CxF:CxF.CxF:Palette.CxF:ColorSet.CxF:Color.0.ColorName", "a.b.1",
-                             "a.b.x", "a..b", ""})
+    for (const char *path :
+         {"CxF:CxF.CxF:Palette.CxF:ColorSet.CxF:Color.last",
+          "CxF:CxF.CxF:Palette.CxF:ColorSet.CxF:Color.0.ColorName", "a.b.1", "a.b.x", "a..b", ""})
         retrieveForPath(tree, path);
 }
 

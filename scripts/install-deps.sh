@@ -8,7 +8,7 @@ packages=(
     libexpat1-dev liblcms2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     xvfb xauth icc-profiles-free
-    clang libclang-rt-14-dev
+    clang clang-format libclang-rt-14-dev git
 )
 
 missing=()

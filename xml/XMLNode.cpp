@@ -48,8 +48,8 @@ struct XMLNode::KeyIndex {
     {
         for (std::size_t j = (hole + 1) & mask(); slots[j] != 0; j = (j + 1) & mask()) {
             const std::size_t home = hashIn(slots[j]) & mask();
-            const bool staysBehind = hole <= j ? (hole < home && home <= j)
-                                               : (hole < home || home <= j);
+            const bool staysBehind =
+                hole <= j ? (hole < home && home <= j) : (hole < home || home <= j);
             if (!staysBehind) {
                 slots[hole] = slots[j];
                 hole = j;
@@ -237,7 +237,8 @@ std::ptrdiff_t XMLNode::position(std::string_view key) const noexcept
 const XMLNode *XMLNode::find(std::string_view key) const noexcept
 {
     const std::ptrdiff_t i = position(key);
-    return i < 0 ? nullptr : &std::get<Dictionary>(value_).entries[static_cast<std::size_t>(i)].value;
+    return i < 0 ? nullptr
+                 : &std::get<Dictionary>(value_).entries[static_cast<std::size_t>(i)].value;
 }
 
 XMLNode *XMLNode::find(std::string_view key) noexcept

@@ -30,7 +30,8 @@ const XMLNode *retrieveForPath(const XMLNode &dictionary, std::string_view path)
     while (dot != std::string_view::npos) {
         const std::size_t start = dot + 1;
         dot = path.find('.', start);
-        current = step(current, path.substr(start, dot == std::string_view::npos ? dot : dot - start));
+        current =
+            step(current, path.substr(start, dot == std::string_view::npos ? dot : dot - start));
     }
     return current;
 }

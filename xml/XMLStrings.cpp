@@ -1,8 +1,8 @@
 #include "XMLStrings.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <algorithm>
 #include <limits>
 
 namespace {
@@ -26,7 +26,8 @@ size_t whitespaceLengthAt(std::string_view s, size_t i)
     const unsigned char b0 = byte(0), b1 = byte(1), b2 = byte(2);
     if (b0 == 0xe1 && b1 == 0x9a && b2 == 0x80)
         return 3; // U+1680
-    if (b0 == 0xe2 && b1 == 0x80 && ((b2 >= 0x80 && b2 <= 0x8a) || b2 == 0xa8 || b2 == 0xa9 || b2 == 0xaf))
+    if (b0 == 0xe2 && b1 == 0x80 &&
+        ((b2 >= 0x80 && b2 <= 0x8a) || b2 == 0xa8 || b2 == 0xa9 || b2 == 0xaf))
         return 3; // U+2000..U+200A, U+2028, U+2029, U+202F
     if (b0 == 0xe2 && b1 == 0x81 && b2 == 0x9f)
         return 3; // U+205F

@@ -12,13 +12,13 @@ CmcDifferences computeCmcDifferences(LabColor reference, LabColor sample)
     const LChColor lch_1 = LCHab_from_Lab(reference);
     const LChColor lch_2 = LCHab_from_Lab(sample);
     CmcDifferences d;
-    d.delta_E = static_cast<float>(
-        delta_E_LCh_CMC(lch_1, lch_2, kCmcLightnessWeight, kCmcChromaWeight));
+    d.delta_E =
+        static_cast<float>(delta_E_LCh_CMC(lch_1, lch_2, kCmcLightnessWeight, kCmcChromaWeight));
     d.delta_L = static_cast<float>(delta_L_LCh_CMC(lch_1, lch_2, kCmcLightnessWeight));
     d.delta_C = static_cast<float>(delta_C_LCh_CMC(lch_1, lch_2, kCmcChromaWeight));
     d.delta_H = static_cast<float>(delta_H_LCh_CMC(lch_1, lch_2));
-    d.delta_H_deg = static_cast<float>(
-        degrees_from_radians(angular_distance(lch_1.h, lch_2.h, kTwoPi)));
+    d.delta_H_deg =
+        static_cast<float>(degrees_from_radians(angular_distance(lch_1.h, lch_2.h, kTwoPi)));
     return d;
 }
 

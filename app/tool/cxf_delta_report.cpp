@@ -211,7 +211,8 @@ std::string formatText(const DeltaReport &report)
         const long n = sample.outcome.patchCount;
         text += "  caption         " + sample.outcome.caption + "\n";
         text += "  D50 L*a*b*      " + doubleText(lab.L) + "  " + doubleText(lab.a) + "  " +
-                doubleText(lab.b) + "  (" + std::to_string(n) + (n == 1 ? " patch)\n" : " patches)\n");
+                doubleText(lab.b) + "  (" + std::to_string(n) +
+                (n == 1 ? " patch)\n" : " patches)\n");
     }
     if (!report.differences)
         return text;
@@ -229,8 +230,9 @@ std::string formatText(const DeltaReport &report)
 
 std::string formatJson(const DeltaReport &report)
 {
-    std::string json = "{\"tolerance\": " + jsonNumber(report.tolerance, true) + ", \"samples\": [" +
-                       jsonSample(report.samples[0]) + ", " + jsonSample(report.samples[1]) + "]";
+    std::string json = "{\"tolerance\": " + jsonNumber(report.tolerance, true) +
+                       ", \"samples\": [" + jsonSample(report.samples[0]) + ", " +
+                       jsonSample(report.samples[1]) + "]";
     if (!report.differences) {
         return json + ", \"delta_E\": null, \"delta_L\": null, \"delta_C\": null, "
                       "\"delta_H\": null, \"delta_H_deg\": null, \"verdict\": null, "

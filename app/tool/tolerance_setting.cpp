@@ -9,7 +9,5 @@ float storedDeltaECMCTolerance()
 {
     const QSettings settings(QString::fromLatin1(kSettingsOrganization),
                              QString::fromLatin1(kSettingsApplication));
-    return settings
-        .value(QString::fromLatin1(kDeltaECMCToleranceKey), kDeltaECMCToleranceDefault)
-        .toFloat();
+    return settings.value(QString::fromLatin1(kToleranceKey), kDefaultTolerance).toFloat();
 }

@@ -11,6 +11,8 @@
 
 // Published figures printed to four decimals (Sharma's ΔE00 table, CIE 15 tables).
 inline constexpr double kTolPublished4 = 5e-5 + 1e-12;
+// Published figures printed to five decimals (CIE 15 white points, Robertson's table).
+inline constexpr double kTolPublished5 = 5e-6 + 1e-12;
 // A reference value worked out by hand to about ten significant digits.
 inline constexpr double kTolReference = 1e-9;
 // Conversions there and back in double precision.

@@ -23,13 +23,11 @@ TEST(RetrieveForPath, FollowsDictionariesAndArrays)
     const struct {
         const char *path, *result;
     } cases[] = {
-        {"a.b.last", "2"},     {"a.b.0", "1"},       {"a.b.1", "2"},
-        {"a.b.5", "nil"},      {"a.b.2", "nil"},     {"a.b.-1", "nil"},
-        {"a.b.x", "1"},        {"a.b.", "1"},        {"a.b.1x", "2"},
-        {"a.b", "array"},      {"a", "dictionary"},  {"a.c.x", "7"},
-        {"a.c.text", "t"},     {"a.d", "nil"},       {"z", "nil"},
-        {"", "nil"},           {"a..b", "nil"},      {"a.b.last.x", "nil"},
-        {"a.c.x.y", "nil"},    {"a.b.99999999999", "nil"},
+        {"a.b.last", "2"}, {"a.b.0", "1"},        {"a.b.1", "2"},      {"a.b.5", "nil"},
+        {"a.b.2", "nil"},  {"a.b.-1", "nil"},     {"a.b.x", "1"},      {"a.b.", "1"},
+        {"a.b.1x", "2"},   {"a.b", "array"},      {"a", "dictionary"}, {"a.c.x", "7"},
+        {"a.c.text", "t"}, {"a.d", "nil"},        {"z", "nil"},        {"", "nil"},
+        {"a..b", "nil"},   {"a.b.last.x", "nil"}, {"a.c.x.y", "nil"},  {"a.b.99999999999", "nil"},
     };
     for (const auto &c : cases)
         EXPECT_EQ(found(*tree, c.path), c.result) << c.path;

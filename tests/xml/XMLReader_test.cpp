@@ -36,7 +36,9 @@ struct TreeCase {
     const char *tree;
 };
 
-class ReaderTree : public testing::TestWithParam<TreeCase> {};
+class ReaderTree : public testing::TestWithParam<TreeCase>
+{
+};
 
 TEST_P(ReaderTree, BuildsTheDescribedTree)
 {
@@ -63,7 +65,8 @@ const TreeCase kTreeCases[] = {
     {"prefix_is_part_of_the_name",
      "<CxF:CxF xmlns:CxF=\"urn:x\"><CxF:Color ColorName=\"n\"/></CxF:CxF>",
      "{CxF:CxF: {xmlns:CxF: urn:x, CxF:Color: {ColorName: n}}}"},
-    {"attribute_and_child_of_one_name_form_an_array", "<a b=\"1\"><b>2</b></a>", "{a: {b: [1, 2]}}"},
+    {"attribute_and_child_of_one_name_form_an_array", "<a b=\"1\"><b>2</b></a>",
+     "{a: {b: [1, 2]}}"},
     {"element_text_replaces_an_attribute_named_text", "<a text=\"q\">t</a>", "{a: {text: t}}"},
     {"empty_attribute_keeps_an_element", "<a><b x=\"\"/></a>", "{a: {b: {x: \"\"}}}"},
     {"white_space_only_text_is_no_text", "<a> <b> </b> </a>", "{}"},
@@ -261,7 +264,8 @@ TEST(ReaderHostile, EntityChainsAreBoundedInLength)
     EXPECT_EQ(error.message, "too many entity declarations (more than 256)");
 }
 
-class ReaderExternalEntities : public testing::Test {
+class ReaderExternalEntities : public testing::Test
+{
 protected:
     void SetUp() override
     {

@@ -23,8 +23,8 @@ TEST(TrimWhitespaceAndNewlines, RemovesAsciiAndUnicodeSpaceAtBothEndsOnly)
         {"\u200bz", "\u200bz"}, // zero-width space is not white space
         {"   ", ""},
         {"", ""},
-        {"\xc2", "\xc2"},          // a lone lead byte is left alone
-        {"\xe2\x80", "\xe2\x80"},  // so is a truncated sequence
+        {"\xc2", "\xc2"},         // a lone lead byte is left alone
+        {"\xe2\x80", "\xe2\x80"}, // so is a truncated sequence
         {"a\xc2\xa0", "a"},
     };
     for (const auto &c : cases)

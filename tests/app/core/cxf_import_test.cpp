@@ -38,8 +38,11 @@ std::string conditions(const std::string &fieldOfView = "FieldOfView_2_Degree",
 {
     return "<CxF:CollectionColorSpaceSpecification>"
            "<CxF:ColorSpaceSpecificationSpectrumTristimulus>"
-           "<CxF:FieldOfView>" + fieldOfView + "</CxF:FieldOfView>"
-           "<CxF:IlluminationOptions><CxF:Illuminant>" + illuminant +
+           "<CxF:FieldOfView>" +
+           fieldOfView +
+           "</CxF:FieldOfView>"
+           "<CxF:IlluminationOptions><CxF:Illuminant>" +
+           illuminant +
            "</CxF:Illuminant></CxF:IlluminationOptions>"
            "</CxF:ColorSpaceSpecificationSpectrumTristimulus>"
            "</CxF:CollectionColorSpaceSpecification>";
@@ -83,7 +86,9 @@ struct CaptionCase {
     LabColor lab;
 };
 
-class Captions : public testing::TestWithParam<CaptionCase> {};
+class Captions : public testing::TestWithParam<CaptionCase>
+{
+};
 
 TEST_P(Captions, AndTheMeanOfTheFloatValues)
 {
@@ -108,40 +113,76 @@ double f(float v)
 }
 
 const CaptionCase kCaptionCases[] = {
-    {"untitled_palette_one_named_patch", "Untitled palette",
-     {patch("Sample A", "51.23", "-3.45", "12.1")}, "Sample A –– one patch", 1,
+    {"untitled_palette_one_named_patch",
+     "Untitled palette",
+     {patch("Sample A", "51.23", "-3.45", "12.1")},
+     "Sample A –– one patch",
+     1,
      {f(51.23f), f(-3.45f), f(12.1f), 1}},
-    {"untitled_palette_one_unnamed_patch", "Untitled palette", {patch({}, "50", "0", "0")},
-     "Untitled palette –– one patch", 1, {50, 0, 0, 1}},
-    {"named_set_one_patch", "P", {patch("Ignored", "40", "1", "2")},
-     "P –– project with one patch", 1, {40, 1, 2, 1}},
-    {"named_project_three_patches", "P",
+    {"untitled_palette_one_unnamed_patch",
+     "Untitled palette",
+     {patch({}, "50", "0", "0")},
+     "Untitled palette –– one patch",
+     1,
+     {50, 0, 0, 1}},
+    {"named_set_one_patch",
+     "P",
+     {patch("Ignored", "40", "1", "2")},
+     "P –– project with one patch",
+     1,
+     {40, 1, 2, 1}},
+    {"named_project_three_patches",
+     "P",
      {patch("a", "51.23", "10.1", "-7.7"), patch("b", "52.11", "10.3", "-7.9"),
       patch("c", "50.07", "9.9", "-8.3")},
-     "P –– project with 3 patches averaged", 3,
+     "P –– project with 3 patches averaged",
+     3,
      {(f(51.23f) + f(52.11f) + f(50.07f)) / 3, (f(10.1f) + f(10.3f) + f(9.9f)) / 3,
       (f(-7.7f) + f(-7.9f) + f(-8.3f)) / 3, 1}},
-    {"untitled_palette_four_patches_drops_the_name", "Untitled palette",
+    {"untitled_palette_four_patches_drops_the_name",
+     "Untitled palette",
      {patch("a", "10", "1", "1"), patch("b", "20", "2", "2"), patch("c", "30", "3", "3"),
       patch("d", "40", "4", "5")},
-     "4 patches averaged", 4, {25, 2.5, 2.75, 1}},
-    {"set_without_name_reads_as_untitled", std::nullopt, {patch("X", "1", "2", "3")},
-     "X –– one patch", 1, {1, 2, 3, 1}},
-    {"set_without_name_two_patches", std::nullopt,
-     {patch("X", "1", "2", "3"), patch("Y", "3", "4", "5")}, "2 patches averaged", 2,
+     "4 patches averaged",
+     4,
+     {25, 2.5, 2.75, 1}},
+    {"set_without_name_reads_as_untitled",
+     std::nullopt,
+     {patch("X", "1", "2", "3")},
+     "X –– one patch",
+     1,
+     {1, 2, 3, 1}},
+    {"set_without_name_two_patches",
+     std::nullopt,
+     {patch("X", "1", "2", "3"), patch("Y", "3", "4", "5")},
+     "2 patches averaged",
+     2,
      {2, 3, 4, 1}},
-    {"lenient_numbers", "P", {patch("a", " 60.5 units", "abc", "")},
-     "P –– project with one patch", 1, {60.5, 0, 0, 1}},
-    {"missing_component_counts_as_zero", "P",
+    {"lenient_numbers",
+     "P",
+     {patch("a", " 60.5 units", "abc", "")},
+     "P –– project with one patch",
+     1,
+     {60.5, 0, 0, 1}},
+    {"missing_component_counts_as_zero",
+     "P",
      {{"a", "<CxF:L>30</CxF:L>"}, patch("b", "50", "8", "-4")},
-     "P –– project with 2 patches averaged", 2, {40, 4, -2, 1}},
-    {"value_written_over_several_lines", "Untitled palette",
+     "P –– project with 2 patches averaged",
+     2,
+     {40, 4, -2, 1}},
+    {"value_written_over_several_lines",
+     "Untitled palette",
      {{"Wrapped", "\n      <CxF:L>\n        51.23\n      </CxF:L>\n      <CxF:A>\n   -3.45\n"
                   "      </CxF:A>\n      <CxF:B>\n        12.1\n      </CxF:B>\n"}},
-     "Wrapped –– one patch", 1, {f(51.23f), f(-3.45f), f(12.1f), 1}},
-    {"component_with_an_attribute_reads_as_zero", "P",
+     "Wrapped –– one patch",
+     1,
+     {f(51.23f), f(-3.45f), f(12.1f), 1}},
+    {"component_with_an_attribute_reads_as_zero",
+     "P",
      {{"a", "<CxF:L Unit=\"%\">50</CxF:L><CxF:A>1</CxF:A><CxF:B>2</CxF:B>"}},
-     "P –– project with one patch", 1, {0, 1, 2, 1}},
+     "P –– project with one patch",
+     1,
+     {0, 1, 2, 1}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Import, Captions, testing::ValuesIn(kCaptionCases),
@@ -162,7 +203,8 @@ TEST(Averaging, ReadsSinglePrecisionAndSumsInDouble)
 TEST(Averaging, ColorThatIsABareTextKeepsTheSetNameAndZeroLab)
 {
     const std::string text = "<CxF:CxF><CxF:Palette><CxF:ColorSet ColorSetName=\"P\">" +
-                             conditions() + "<CxF:Color>stray</CxF:Color>"
+                             conditions() +
+                             "<CxF:Color>stray</CxF:Color>"
                              "</CxF:ColorSet></CxF:Palette></CxF:CxF>";
     const auto outcome = importCxFDocument(text);
     ASSERT_TRUE(outcome.accepted());
@@ -175,7 +217,8 @@ TEST(Averaging, ColorThatIsABareTextKeepsTheSetNameAndZeroLab)
 TEST(Averaging, BareTextEntryOfAPatchListIsAPatchWithoutValues)
 {
     const std::string text = "<CxF:CxF><CxF:Palette><CxF:ColorSet ColorSetName=\"P\">" +
-                             conditions() + "<CxF:Color>stray</CxF:Color><CxF:Color>"
+                             conditions() +
+                             "<CxF:Color>stray</CxF:Color><CxF:Color>"
                              "<CxF:ColorSpaceCIELab><CxF:L>60</CxF:L></CxF:ColorSpaceCIELab>"
                              "</CxF:Color></CxF:ColorSet></CxF:Palette></CxF:CxF>";
     const auto outcome = importCxFDocument(text);
@@ -258,7 +301,9 @@ const RefusalCase kRefusals[] = {
     {"no-color.cxf", CxFImportStatus::NoColor, {}},
 };
 
-class Refusals : public testing::TestWithParam<RefusalCase> {};
+class Refusals : public testing::TestWithParam<RefusalCase>
+{
+};
 
 TEST_P(Refusals, ReportExactlyAndLeaveEverythingAsItWas)
 {
@@ -400,8 +445,8 @@ std::string spectral(const std::vector<std::pair<int, const char *>> &points)
 {
     std::string text;
     for (const auto &[wavelength, value] : points)
-        text += "<CxF:ReflectancePoint Wavelength=\"" + std::to_string(wavelength) + "\">" +
-                value + "</CxF:ReflectancePoint>";
+        text += "<CxF:ReflectancePoint Wavelength=\"" + std::to_string(wavelength) + "\">" + value +
+                "</CxF:ReflectancePoint>";
     return text;
 }
 

@@ -48,7 +48,8 @@ std::string slurp(const fs::path &path)
 }
 
 // A settings directory of its own for each test, so the user's preferences play no part.
-class CxfDelta : public testing::Test {
+class CxfDelta : public testing::Test
+{
 protected:
     void SetUp() override
     {
@@ -91,8 +92,10 @@ protected:
         const std::string out = (home_ / "stdout").string(), err = (home_ / "stderr").string();
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                         0600);
+        posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                         0600);
         pid_t pid = 0;
         ToolRun result;
         if (posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), envp.data()) == 0) {
@@ -112,8 +115,7 @@ protected:
 QJsonObject parsed(const std::string &json)
 {
     QJsonParseError error;
-    const QJsonDocument document =
-        QJsonDocument::fromJson(QByteArray::fromStdString(json), &error);
+    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(json), &error);
     EXPECT_EQ(error.error, QJsonParseError::NoError) << json;
     EXPECT_TRUE(document.isObject()) << json;
     return document.object();
@@ -168,7 +170,8 @@ void expectWindowsDecision(const QJsonObject &json)
 
 TEST_F(CxfDelta, ProjectMatchingASinglePatch)
 {
-    const ToolRun r = run({kSamples + "sample-a.cxf", kSamples + "brand-reds-project.cxf", "--json"});
+    const ToolRun r =
+        run({kSamples + "sample-a.cxf", kSamples + "brand-reds-project.cxf", "--json"});
     EXPECT_EQ(r.status, 0) << r.err;
     EXPECT_EQ(r.err, "");
     const QJsonObject json = parsed(r.out);
@@ -255,11 +258,11 @@ TEST_F(CxfDelta, TextReport)
 {
     const ToolRun r = run({kSamples + "sample-a.cxf", kSamples + "brand-reds-project.cxf"});
     EXPECT_EQ(r.status, 0);
-    for (const char *line :
-         {"  caption         Sample A –– one patch\n",
-          "  D50 L*a*b*      49.020000457763672  43.200000762939453  36.430000305175781  (1 patch)\n",
-          "  caption         Brand Reds –– project with 4 patches averaged\n",
-          "verdict           match (tolerance 2.5)\n"})
+    for (const char *line : {"  caption         Sample A –– one patch\n",
+                             "  D50 L*a*b*      49.020000457763672  43.200000762939453  "
+                             "36.430000305175781  (1 patch)\n",
+                             "  caption         Brand Reds –– project with 4 patches averaged\n",
+                             "verdict           match (tolerance 2.5)\n"})
         EXPECT_NE(r.out.find(line), std::string::npos) << line << "\nin\n" << r.out;
     EXPECT_NE(r.out.find("delta E CMC(2:1)  "), std::string::npos);
     EXPECT_NE(r.out.find(" degrees"), std::string::npos);
@@ -295,15 +298,20 @@ TEST_F(CxfDelta, RefusedDocumentsExitTwoWithTheirMessage)
         EXPECT_NE(r.err.find(c.file + ": "), std::string::npos) << r.err;
         EXPECT_NE(r.err.find(c.message), std::string::npos) << r.err;
         const QJsonObject json = parsed(r.out);
-        const QJsonObject refused = json.value(QStringLiteral("samples")).toArray().at(1).toObject();
+        const QJsonObject refused =
+            json.value(QStringLiteral("samples")).toArray().at(1).toObject();
         EXPECT_EQ(text(refused.value(QStringLiteral("status"))), "refused");
         EXPECT_EQ(text(refused.value(QStringLiteral("message"))), c.message);
         EXPECT_TRUE(refused.value(QStringLiteral("lab")).isNull());
-        for (const char *key : {"delta_E", "delta_L", "delta_C", "delta_H", "delta_H_deg", "verdict"})
+        for (const char *key :
+             {"delta_E", "delta_L", "delta_C", "delta_H", "delta_H_deg", "verdict"})
             EXPECT_TRUE(json.value(QString::fromLatin1(key)).isNull()) << key;
         // The other document is still reported.
-        EXPECT_EQ(text(json.value(QStringLiteral("samples")).toArray().at(0).toObject().value(
-                      QStringLiteral("status"))),
+        EXPECT_EQ(text(json.value(QStringLiteral("samples"))
+                           .toArray()
+                           .at(0)
+                           .toObject()
+                           .value(QStringLiteral("status"))),
                   "ok");
     }
     // Both refused, in text mode.
