@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes the sample CxF documents of data/samples/.
 
-Each patch has a smooth reflectance curve from 380 to 730 nm at 10 nm (36 points, as a
-spectrophotometer of the ColorMunki class reports) and the CIELAB values of that curve:
+Each patch has a smooth reflectance curve from 380 to 730 nm at 10 nm (36 points, as handheld
+spectrophotometers report them) and the CIELAB values of that curve:
 XYZ by plain summation at 10 nm over the same range with the CIE 1931 2° observer
 (data/cie/cie1931_2deg_cmf_1nm.csv) and the illuminant named in the document (D50 from the
 CIE daylight components of data/cie/cie_daylight_basis_S0_S1_S2_5nm.csv, D65 from

@@ -14,31 +14,31 @@
 namespace {
 
 // The state of one expat parse that the callbacks reach through expat's user data.
-struct ParseSession {
+struct ExpatContext {
     XMLReader *reader;
     XML_Parser parser;
     std::size_t entityDeclarations = 0;
     std::string stopReason; // set when a handler stopped the parser
 };
 
-ParseSession &sessionOf(void *userData)
+ExpatContext &contextOf(void *userData)
 {
-    return *static_cast<ParseSession *>(userData);
+    return *static_cast<ExpatContext *>(userData);
 }
 
 void XMLCALL onStartElement(void *userData, const XML_Char *name, const XML_Char **attributes)
 {
-    sessionOf(userData).reader->parserDidStartElement(name, attributes);
+    contextOf(userData).reader->parserDidStartElement(name, attributes);
 }
 
 void XMLCALL onEndElement(void *userData, const XML_Char *name)
 {
-    sessionOf(userData).reader->parserDidEndElement(name);
+    contextOf(userData).reader->parserDidEndElement(name);
 }
 
 void XMLCALL onCharacters(void *userData, const XML_Char *characters, int length)
 {
-    sessionOf(userData).reader->parserFoundCharacters(
+    contextOf(userData).reader->parserFoundCharacters(
         std::string_view(characters, static_cast<std::size_t>(length)));
 }
 
@@ -48,12 +48,12 @@ void XMLCALL onEntityDeclaration(void *userData, const XML_Char *, int, const XM
                                  const XML_Char *, const XML_Char *, const XML_Char *,
                                  const XML_Char *)
 {
-    ParseSession &session = sessionOf(userData);
-    if (++session.entityDeclarations > XMLReader::kMaxEntityDeclarations &&
-        session.stopReason.empty()) {
-        session.stopReason = "too many entity declarations (more than " +
+    ExpatContext &context = contextOf(userData);
+    if (++context.entityDeclarations > XMLReader::kMaxEntityDeclarations &&
+        context.stopReason.empty()) {
+        context.stopReason = "too many entity declarations (more than " +
                              std::to_string(XMLReader::kMaxEntityDeclarations) + ")";
-        XML_StopParser(session.parser, XML_FALSE);
+        XML_StopParser(context.parser, XML_FALSE);
     }
 }
 
@@ -65,7 +65,7 @@ struct ParserFree {
 
 struct XMLReader::Parse {
     std::unique_ptr<XML_ParserStruct, ParserFree> parser;
-    ParseSession session;
+    ExpatContext context;
 };
 
 void XMLReader::ParseDelete::operator()(Parse *parse) const noexcept
@@ -174,15 +174,15 @@ bool XMLReader::beginParse()
     textInProgress_.clear();
 
     parse_.reset(new Parse{std::unique_ptr<XML_ParserStruct, ParserFree>(XML_ParserCreate(nullptr)),
-                           ParseSession{this, nullptr, 0, {}}});
+                           ExpatContext{this, nullptr, 0, {}}});
     XML_Parser parser = parse_->parser.get();
     if (!parser) {
         parse_.reset();
         parserParseErrorOccurred(XMLError{"out of memory", 0, 0});
         return false;
     }
-    parse_->session.parser = parser;
-    XML_SetUserData(parser, &parse_->session);
+    parse_->context.parser = parser;
+    XML_SetUserData(parser, &parse_->context);
     XML_SetElementHandler(parser, onStartElement, onEndElement);
     XML_SetCharacterDataHandler(parser, onCharacters);
     XML_SetEntityDeclHandler(parser, onEntityDeclaration);
@@ -208,7 +208,7 @@ std::optional<XMLNode> XMLReader::endParse(bool ok)
         result.emplace(std::move(root_));
     } else {
         XML_Parser parser = parse_->parser.get();
-        const std::string &stopReason = parse_->session.stopReason;
+        const std::string &stopReason = parse_->context.stopReason;
         XMLError error;
         error.message = stopReason.empty() ? XML_ErrorString(XML_GetErrorCode(parser)) : stopReason;
         error.line = XML_GetCurrentLineNumber(parser);
