@@ -3,18 +3,23 @@
 #include "BkgndColorView.h"
 #include "Updater.h"
 #include "UserDefaults.h"
+#include "cxf_import.h"
 #include "preferences.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLoggingCategory>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPalette>
 
 #include <cmath>
+
+Q_LOGGING_CATEGORY(lcImport, "cxf.import", QtInfoMsg)
 
 namespace {
 
@@ -129,7 +134,39 @@ void AppDelegate::observeValueForKeyPath(const QString &keyPath, QObject *, cons
         updateUI();
 }
 
-void AppDelegate::parseXML(const QString &, BkgndColorView *) {}
+void AppDelegate::parseXML(const QString &text, BkgndColorView *sender)
+{
+    // A null text (the swatch could not read the file) is no XML at all.
+    const QByteArray utf8 = text.toUtf8();
+    const CxFImportOutcome outcome =
+        importCxFDocument(std::string_view(utf8.constData(), size_t(utf8.size())));
+    if (!outcome.logLine.empty())
+        qCInfo(lcImport).noquote()
+            << QString::fromUtf8(outcome.logLine.data(), qsizetype(outcome.logLine.size()));
+    if (outcome.beep)
+        QApplication::beep();
+    if (outcome.alert)
+        showAlert(*outcome.alert);
+    if (!outcome.accepted())
+        return; // the swatch and the samples stay as they were
+    takeSample(outcome.lab, QString::fromStdString(outcome.caption), sender);
+}
+
+void AppDelegate::showAlert(const CxFAlert &alert)
+{
+    const auto text = [](std::string_view s) {
+        return QString::fromUtf8(s.data(), qsizetype(s.size()));
+    };
+    QMessageBox box(QMessageBox::Warning, text(alert.title), text(alert.title),
+                    QMessageBox::NoButton, m_window);
+    box.setInformativeText(text(alert.message));
+    box.addButton(text(alert.button), QMessageBox::AcceptRole);
+    box.setWindowModality(Qt::ApplicationModal);
+    if (m_alertPresenter)
+        m_alertPresenter(box);
+    else
+        box.exec();
+}
 
 void AppDelegate::takeSample(LabColor lab, const QString &caption, BkgndColorView *sender)
 {

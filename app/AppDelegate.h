@@ -13,9 +13,12 @@
 #include <QVariantMap>
 
 #include <cstdint>
+#include <functional>
 
 class BkgndColorView;
+struct CxFAlert;
 class QLabel;
+class QMessageBox;
 class QLineEdit;
 class QMainWindow;
 class QWidget;
@@ -90,10 +93,16 @@ public:
         m_delta_H_caption = hue;
     }
 
+    // Runs the application-modal alert of a refused document. By default the alert is shown and
+    // waits for its button; tests put a presenter here that records it instead.
+    using AlertPresenter = std::function<void(QMessageBox &)>;
+    void setAlertPresenter(AlertPresenter presenter) { m_alertPresenter = std::move(presenter); }
+
     // Decimals shown in the four result fields.
     static constexpr int kResultDecimals = 2;
 
 private:
+    void showAlert(const CxFAlert &alert);
     void showVerdict(Verdict verdict, float tolerance);
     void showDirections();
 
@@ -127,4 +136,5 @@ private:
     QLabel *m_delta_L_caption = nullptr;
     QLabel *m_delta_C_caption = nullptr;
     QLabel *m_delta_H_caption = nullptr;
+    AlertPresenter m_alertPresenter;
 };
