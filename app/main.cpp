@@ -9,6 +9,9 @@
 
 int main(int argc, char *argv[])
 {
+    // Log lines are written as plain lines ("Invalid XML data"), without a category prefix;
+    // QT_MESSAGE_PATTERN still overrides this.
+    qSetMessagePattern(QStringLiteral("%{message}"));
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("CxF Compare"));
     QCoreApplication::setApplicationVersion(QStringLiteral(CXF_VERSION));
