@@ -29,8 +29,8 @@ int main(int argc, char *argv[])
     const QStringList documents = app.arguments().mid(1, 2);
     for (qsizetype i = 0; i < documents.size(); ++i) {
         QFile file(documents.at(i));
-        const QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll())
-                                                            : QString();
+        const QString text =
+            file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
         controller.parseXML(text, i == 0 ? controller.dragView1() : controller.dragView2());
     }
     probeLaunchWhenShown(window.get());
