@@ -174,22 +174,17 @@ void AppDelegate::takeSample(LabColor lab, const QString &caption, BkgndColorVie
         sender->setLabColor(lab);
         sender->setSwatchLabel(caption);
     }
-    if (sender && sender == m_dragView1) {
-        lab_1 = lab;
-        _lab_1_defined = true;
-    } else if (sender && sender == m_dragView2) {
-        lab_2 = lab;
-        _lab_2_defined = true;
-    }
+    // Which sample follows from the sender's identity alone; another swatch sets none.
+    storeSample(samples, sampleSlotForSender(sender, m_dragView1, m_dragView2), lab);
     calcDeltaE();
 }
 
 void AppDelegate::calcDeltaE()
 {
-    if (!_lab_1_defined || !_lab_2_defined)
+    if (!samples.bothDefined())
         return;
     // Sample 1 is the reference: CMC weights by it, so the order matters.
-    const CmcDifferences d = computeCmcDifferences(lab_1, lab_2);
+    const CmcDifferences d = computeCmcDifferences(samples.lab_1, samples.lab_2);
     delta_E = d.delta_E;
     delta_L = d.delta_L;
     delta_C = d.delta_C;
@@ -200,7 +195,7 @@ void AppDelegate::calcDeltaE()
 
 void AppDelegate::updateUI()
 {
-    if (!_lab_1_defined || !_lab_2_defined)
+    if (!samples.bothDefined())
         return;
     const float tolerance = _userDefaults->floatForKey(kToleranceKeyPath);
 

@@ -7,6 +7,7 @@
 #include "KeyValueObserving.h"
 #include "color_types.h"
 #include "comparison.h"
+#include "sample_routing.h"
 #include "spectrum.h"
 
 #include <QObject>
@@ -57,10 +58,10 @@ public:
     void updateUI();
 
     // State, for the window and for tests.
-    bool isSample1Defined() const { return _lab_1_defined; }
-    bool isSample2Defined() const { return _lab_2_defined; }
-    LabColor sample1() const { return lab_1; }
-    LabColor sample2() const { return lab_2; }
+    bool isSample1Defined() const { return samples.lab_1_defined; }
+    bool isSample2Defined() const { return samples.lab_2_defined; }
+    LabColor sample1() const { return samples.lab_1; }
+    LabColor sample2() const { return samples.lab_2; }
     CmcDifferences differences() const { return {delta_E, delta_L, delta_C, delta_H, delta_H_deg}; }
 
     // Outlets, wired by the main interface; none is owned.
@@ -106,11 +107,8 @@ private:
     void showVerdict(Verdict verdict, float tolerance);
     void showDirections();
 
-    // Comparison state.
-    bool _lab_1_defined = false;
-    bool _lab_2_defined = false;
-    LabColor lab_1{0, 0, 0, 1.0};
-    LabColor lab_2{0, 0, 0, 1.0};
+    // Comparison state: both samples start undefined, at (0, 0, 0) with alpha 1.
+    ComparisonSamples samples;
     float delta_E = 0;
     float delta_L = 0;
     float delta_C = 0;
