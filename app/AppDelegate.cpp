@@ -3,18 +3,23 @@
 #include "BkgndColorView.h"
 #include "Updater.h"
 #include "UserDefaults.h"
+#include "cxf_import.h"
 #include "preferences.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLoggingCategory>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPalette>
 
 #include <cmath>
+
+Q_LOGGING_CATEGORY(lcImport, "cxf.import", QtInfoMsg)
 
 namespace {
 
@@ -129,7 +134,39 @@ void AppDelegate::observeValueForKeyPath(const QString &keyPath, QObject *, cons
         updateUI();
 }
 
-void AppDelegate::parseXML(const QString &, BkgndColorView *) {}
+void AppDelegate::parseXML(const QString &text, BkgndColorView *sender)
+{
+    // A null text (the swatch could not read the file) is no XML at all.
+    const QByteArray utf8 = text.toUtf8();
+    const CxFImportOutcome outcome =
+        importCxFDocument(std::string_view(utf8.constData(), size_t(utf8.size())));
+    if (!outcome.logLine.empty())
+        qCInfo(lcImport).noquote()
+            << QString::fromUtf8(outcome.logLine.data(), qsizetype(outcome.logLine.size()));
+    if (outcome.beep)
+        QApplication::beep();
+    if (outcome.alert)
+        showAlert(*outcome.alert);
+    if (!outcome.accepted())
+        return; // the swatch and the samples stay as they were
+    takeSample(outcome.lab, QString::fromStdString(outcome.caption), sender);
+}
+
+void AppDelegate::showAlert(const CxFAlert &alert)
+{
+    const auto text = [](std::string_view s) {
+        return QString::fromUtf8(s.data(), qsizetype(s.size()));
+    };
+    QMessageBox box(QMessageBox::Warning, text(alert.title), text(alert.title),
+                    QMessageBox::NoButton, m_window);
+    box.setInformativeText(text(alert.message));
+    box.addButton(text(alert.button), QMessageBox::AcceptRole);
+    box.setWindowModality(Qt::ApplicationModal);
+    if (m_alertPresenter)
+        m_alertPresenter(box);
+    else
+        box.exec();
+}
 
 void AppDelegate::takeSample(LabColor lab, const QString &caption, BkgndColorView *sender)
 {
@@ -137,22 +174,17 @@ void AppDelegate::takeSample(LabColor lab, const QString &caption, BkgndColorVie
         sender->setLabColor(lab);
         sender->setSwatchLabel(caption);
     }
-    if (sender && sender == m_dragView1) {
-        lab_1 = lab;
-        _lab_1_defined = true;
-    } else if (sender && sender == m_dragView2) {
-        lab_2 = lab;
-        _lab_2_defined = true;
-    }
+    // Which sample follows from the sender's identity alone; another swatch sets none.
+    storeSample(samples, sampleSlotForSender(sender, m_dragView1, m_dragView2), lab);
     calcDeltaE();
 }
 
 void AppDelegate::calcDeltaE()
 {
-    if (!_lab_1_defined || !_lab_2_defined)
+    if (!samples.bothDefined())
         return;
     // Sample 1 is the reference: CMC weights by it, so the order matters.
-    const CmcDifferences d = computeCmcDifferences(lab_1, lab_2);
+    const CmcDifferences d = computeCmcDifferences(samples.lab_1, samples.lab_2);
     delta_E = d.delta_E;
     delta_L = d.delta_L;
     delta_C = d.delta_C;
@@ -163,7 +195,7 @@ void AppDelegate::calcDeltaE()
 
 void AppDelegate::updateUI()
 {
-    if (!_lab_1_defined || !_lab_2_defined)
+    if (!samples.bothDefined())
         return;
     const float tolerance = _userDefaults->floatForKey(kToleranceKeyPath);
 

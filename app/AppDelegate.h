@@ -7,15 +7,19 @@
 #include "KeyValueObserving.h"
 #include "color_types.h"
 #include "comparison.h"
+#include "sample_routing.h"
 #include "spectrum.h"
 
 #include <QObject>
 #include <QVariantMap>
 
 #include <cstdint>
+#include <functional>
 
 class BkgndColorView;
+struct CxFAlert;
 class QLabel;
+class QMessageBox;
 class QLineEdit;
 class QMainWindow;
 class QWidget;
@@ -54,10 +58,10 @@ public:
     void updateUI();
 
     // State, for the window and for tests.
-    bool isSample1Defined() const { return _lab_1_defined; }
-    bool isSample2Defined() const { return _lab_2_defined; }
-    LabColor sample1() const { return lab_1; }
-    LabColor sample2() const { return lab_2; }
+    bool isSample1Defined() const { return samples.lab_1_defined; }
+    bool isSample2Defined() const { return samples.lab_2_defined; }
+    LabColor sample1() const { return samples.lab_1; }
+    LabColor sample2() const { return samples.lab_2; }
     CmcDifferences differences() const { return {delta_E, delta_L, delta_C, delta_H, delta_H_deg}; }
 
     // Outlets, wired by the main interface; none is owned.
@@ -90,18 +94,21 @@ public:
         m_delta_H_caption = hue;
     }
 
+    // Runs the application-modal alert of a refused document. By default the alert is shown and
+    // waits for its button; tests put a presenter here that records it instead.
+    using AlertPresenter = std::function<void(QMessageBox &)>;
+    void setAlertPresenter(AlertPresenter presenter) { m_alertPresenter = std::move(presenter); }
+
     // Decimals shown in the four result fields.
     static constexpr int kResultDecimals = 2;
 
 private:
+    void showAlert(const CxFAlert &alert);
     void showVerdict(Verdict verdict, float tolerance);
     void showDirections();
 
-    // Comparison state.
-    bool _lab_1_defined = false;
-    bool _lab_2_defined = false;
-    LabColor lab_1{0, 0, 0, 1.0};
-    LabColor lab_2{0, 0, 0, 1.0};
+    // Comparison state: both samples start undefined, at (0, 0, 0) with alpha 1.
+    ComparisonSamples samples;
     float delta_E = 0;
     float delta_L = 0;
     float delta_C = 0;
@@ -127,4 +134,5 @@ private:
     QLabel *m_delta_L_caption = nullptr;
     QLabel *m_delta_C_caption = nullptr;
     QLabel *m_delta_H_caption = nullptr;
+    AlertPresenter m_alertPresenter;
 };

@@ -5,10 +5,14 @@
 #include "MainInterface.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QMainWindow>
 
 int main(int argc, char *argv[])
 {
+    // Log lines are written as plain lines ("Invalid XML data"), without a category prefix;
+    // QT_MESSAGE_PATTERN still overrides this.
+    qSetMessagePattern(QStringLiteral("%{message}"));
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("CxF Compare"));
     QCoreApplication::setApplicationVersion(QStringLiteral(CXF_VERSION));
@@ -21,6 +25,14 @@ int main(int argc, char *argv[])
     controller.applicationWillFinishLaunching();
     window->show();
     controller.applicationDidFinishLaunching();
+    // "cxf-compare reference.cxf sample.cxf" opens the documents as if dropped on the swatches.
+    const QStringList documents = app.arguments().mid(1, 2);
+    for (qsizetype i = 0; i < documents.size(); ++i) {
+        QFile file(documents.at(i));
+        const QString text =
+            file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+        controller.parseXML(text, i == 0 ? controller.dragView1() : controller.dragView2());
+    }
     probeLaunchWhenShown(window.get());
     return app.exec();
 }

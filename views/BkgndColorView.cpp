@@ -63,6 +63,7 @@ void BkgndColorView::setSwatchLabel(const QString &swatchLabel)
     if (m_swatchLabel == swatchLabel)
         return;
     m_swatchLabel = swatchLabel;
+    setToolTip(m_swatchLabel);
     update();
     Q_EMIT swatchLabelChanged(m_swatchLabel);
 }
@@ -84,7 +85,10 @@ void BkgndColorView::paintEvent(QPaintEvent *)
     painter.setFont(font);
     painter.setPen(m_labelColor);
     painter.drawText(fromLowerLeft(this, kCaptionX, kLabLineY), m_labLabel);
-    painter.drawText(fromLowerLeft(this, kCaptionX, kSwatchLineY), m_swatchLabel);
+    // A long name is shortened with an ellipsis rather than cut off at the edge.
+    const QString label = painter.fontMetrics().elidedText(m_swatchLabel, Qt::ElideRight,
+                                                           int(width() - 2 * kCaptionX));
+    painter.drawText(fromLowerLeft(this, kCaptionX, kSwatchLineY), label);
 }
 
 void BkgndColorView::paintEmptyTarget(QPainter &painter)

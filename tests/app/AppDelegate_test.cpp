@@ -10,14 +10,17 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDoubleSpinBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QTest>
 
 #include <cmath>
@@ -234,6 +237,59 @@ TEST_F(AppDelegateTest, ASwatchThatIsNeitherSampleSetsNoSample)
     EXPECT_EQ(stranger.labColor().L, 70);
     EXPECT_FALSE(controller->isSample1Defined());
     EXPECT_FALSE(controller->isSample2Defined());
+}
+
+QString sampleDocument(const char *name)
+{
+    QFile file(QStringLiteral(CXF_SOURCE_DIR "/data/samples/") + QLatin1String(name));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+TEST_F(AppDelegateTest, DroppedDocumentsSetTheSwatchesAndTheSamples)
+{
+    controller->parseXML(sampleDocument("sample-a.cxf"), controller->dragView1());
+    EXPECT_TRUE(controller->isSample1Defined());
+    EXPECT_EQ(controller->dragView1()->swatchLabel(),
+              QStringLiteral("Sample A \u2013\u2013 one patch"));
+    // 49.02, 43.20, 36.43 enter as the nearest 32-bit floats.
+    EXPECT_EQ(controller->sample1().L, double(49.02f));
+    EXPECT_EQ(controller->sample1().b, double(36.43f));
+    EXPECT_EQ(controller->dragView1()->labLabel(),
+              QStringLiteral("D50 L*a*b*: 49.020, 43.200, 36.430"));
+    EXPECT_TRUE(controller->delta_E_tf()->text().isEmpty());
+
+    controller->parseXML(sampleDocument("brand-reds-project.cxf"), controller->dragView2());
+    EXPECT_EQ(controller->dragView2()->swatchLabel(),
+              QStringLiteral("Brand Reds \u2013\u2013 project with 4 patches averaged"));
+    EXPECT_FALSE(controller->delta_E_tf()->text().isEmpty());
+}
+
+TEST_F(AppDelegateTest, RefusedDocumentsLeaveEverythingAsItWas)
+{
+    QStringList alerts;
+    controller->setAlertPresenter([&](QMessageBox &box) {
+        alerts << box.text() << box.informativeText() << box.buttons().first()->text();
+        EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
+    });
+    controller->parseXML(sampleDocument("sample-a.cxf"), controller->dragView1());
+    controller->parseXML(sampleDocument("sample-b.cxf"), controller->dragView2());
+    const CmcDifferences before = controller->differences();
+    const QString captionBefore = controller->dragView2()->swatchLabel();
+
+    controller->parseXML(sampleDocument("d65-measurement.cxf"), controller->dragView2());
+    EXPECT_EQ(alerts, (QStringList{
+                          QStringLiteral("The specified Lab colors cannot be used for comparison."),
+                          QStringLiteral("The Lab colors were not specified with D50 "
+                                         "illuminant and 2\u00b0 observer."),
+                          QStringLiteral("Ok")}));
+    for (const QString &bad : {QStringLiteral("<CxF:CxF><unclosed>"), QString(),
+                               QStringLiteral("<CxF:CxF><x>1</x></CxF:CxF>")})
+        controller->parseXML(bad, controller->dragView2());
+
+    EXPECT_EQ(alerts.size(), 3); // only the measurement conditions raise an alert
+    EXPECT_EQ(controller->dragView2()->swatchLabel(), captionBefore);
+    EXPECT_EQ(controller->differences().delta_E, before.delta_E);
+    EXPECT_EQ(controller->sample2().L, double(46.12f));
 }
 
 TEST_F(AppDelegateTest, CheckForUpdatesIsTheFourthItemOfTheApplicationMenu)
