@@ -233,27 +233,6 @@ TEST(HCLBlend, ThroughGreyFallsToZeroChromaWhereTheHueJumps)
     EXPECT_EQ(g.chroma, 0);
 }
 
-TEST(HCLBlend, CartesianBlendsPointsOnTheChromaPlane)
-{
-    // Red (1, 0) and green (cos 120°, sin 120°) at t = 0.5: (0.25, 0.4330127), chroma 0.5,
-    // angle 60° = 1/6 turn.
-    const HCLColor red{0, 1, 0, 0.2, 1}, green{1.0 / 3, 1, 0, 0.7, 0.5};
-    const HCLColor mid = hcl_blend(kHCLBlendCartesian, red, green, 0.5);
-    EXPECT_CLOSE(mid.chroma, 0.5, 1e-15);
-    expectSameHue(mid.hue, 1.0 / 6, kTolFastAtanTurns);
-    EXPECT_CLOSE(mid.luma, 0.45, 1e-15);
-    EXPECT_CLOSE(mid.alpha, 0.75, 1e-15);
-    // At t = 0.25 the point (0.625, 0.2165064) lies on the chord, inside the circle.
-    const HCLColor quarter = hcl_blend(kHCLBlendCartesian, red, green, 0.25);
-    EXPECT_CLOSE(quarter.chroma, std::hypot(0.625, 0.21650635094610965), 1e-15);
-    expectSameHue(quarter.hue, std::atan2(0.21650635094610965, 0.625) / (2 * 3.141592653589793),
-                  kTolFastAtanTurns);
-    // Red alone: fast_atan2(0, 1) is −1.8e-6, plus 2π: a hue just under 1, in [0, 1).
-    const HCLColor start = hcl_blend(kHCLBlendCartesian, red, green, 0);
-    expectSameHue(start.hue, 0, kTolFastAtanTurns);
-    EXPECT_LT(start.hue, 1);
-}
-
 TEST(HCLBlend, ShortestHuePathAndAnyOtherModeValue)
 {
     struct Case {

@@ -91,16 +91,6 @@ TEST(Multiply3x3, ColumnRowAndMatrixProducts)
     expectMatrix(product, {2, 1, 3, 5, 4, 6, 8, 7, 9}, 0);
 }
 
-TEST(Transpose3x3, AndCopy)
-{
-    const double m[9] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
-    double t[9], c[9];
-    transpose_3x3_matrix(t, m);
-    expectMatrix(t, {1, 4, 7, 2, 5, 8, 3, 6, 9}, 0);
-    copy_3x3_matrix(c, m);
-    expectMatrix(c, {1, 2, 3, 4, 5, 6, 7, 8, 9}, 0);
-}
-
 TEST(LogMatrix, ExactFormatsOnStandardError)
 {
     const double v[3] = {1, -0.5, 1.0 / 3};

@@ -126,20 +126,6 @@ TEST(WorkingSpaceTable, StoredLuminancesMatchTheBuiltMatrices)
     EXPECT_EQ(gColorSpaceChromaticities_CIERGB.wx, 0.3333333333333333);
 }
 
-TEST(PrimariesMatrix, ColumnsAreScaledToTheWhite)
-{
-    // Unit primaries: P = I, S = W, so the matrix is diag(W).
-    double m[9];
-    RGB_to_XYZ_matrix_for_primaries(m, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}, {0.5, 1, 2});
-    const double expected[9] = {0.5, 0, 0, 0, 1, 0, 0, 0, 2};
-    for (int i = 0; i < 9; ++i)
-        EXPECT_EQ(m[i], expected[i]);
-    // Primaries with luminance 2 instead of 1: S halves, the matrix is unchanged.
-    RGB_to_XYZ_matrix_for_primaries(m, {2, 0, 0}, {0, 2, 0}, {0, 0, 2}, {0.5, 1, 2});
-    for (int i = 0; i < 9; ++i)
-        EXPECT_EQ(m[i], expected[i]);
-}
-
 TEST(WorkingSpaceMatrix, ZeroChromaticityYKeepsGoing)
 {
     // A primary with y = 0 becomes (0, Y, 0); a white with y = 0 becomes (0, 1, 0). Nothing

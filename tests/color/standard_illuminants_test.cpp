@@ -119,16 +119,4 @@ TEST(StandardIlluminants, AgreeWithThePublishedSpectra)
     }
 }
 
-TEST(StandardIlluminants, NamesAndEqualEnergyWhite)
-{
-    EXPECT_STREQ(
-        gStandardIlluminant_D65.name,
-        "Illuminant D65 - 2\xC2\xB0 Observer, Noon Daylight, Television, sRGB Color Space");
-    EXPECT_STREQ(gStandardIlluminant_A.name, "Illuminant A - Incandescent, Tungsten-Filament Lamp");
-    EXPECT_STREQ(gStandardIlluminant_F12.name,
-                 "Illuminant F12 - Philips TL83, Ultralume 30 (CCT 3000K, CRI 83)");
-    EXPECT_EQ(gStandardIlluminant_E.x2, 0.3333333333333333);
-    EXPECT_EQ(gStandardIlluminant_E.y10, 0.3333333333333333);
-}
-
 } // namespace
