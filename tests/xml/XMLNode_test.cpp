@@ -12,18 +12,6 @@
 
 namespace {
 
-// A chain of depth dictionaries {k: {k: ... "leaf"}} built without recursion.
-XMLNode chain(int depth)
-{
-    XMLNode node("leaf");
-    for (int i = 0; i < depth; ++i) {
-        XMLNode parent;
-        parent.insert("k", std::move(node));
-        node = std::move(parent);
-    }
-    return node;
-}
-
 TEST(XMLNodeDictionary, InsertReplacesAndRemoveDropsTheWholeValue)
 {
     XMLNode node;
@@ -85,7 +73,12 @@ TEST(XMLNodeEquality, IgnoresKeyOrderButNotItemOrder)
 
 TEST(XMLNodeDeepTrees, CopyCompareAssignAndDestroyWithoutRecursion)
 {
-    XMLNode tree = chain(300000);
+    XMLNode tree("leaf"); // {k: {k: ... "leaf"}}
+    for (int i = 0; i < 300000; ++i) {
+        XMLNode parent;
+        parent.insert("k", std::move(tree));
+        tree = std::move(parent);
+    }
     XMLNode copy = tree;
     EXPECT_TRUE(copy == tree);
     XMLNode *node = &copy; // a different innermost leaf makes the trees differ

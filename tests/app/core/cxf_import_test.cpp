@@ -156,17 +156,6 @@ TEST(Import, BareTextColors)
     EXPECT_EQ(listed.lab.L, 30);
 }
 
-TEST(Import, ProjectSampleOfTheRepository)
-{
-    const auto project =
-        importCxFDocument(readFile(CXF_SOURCE_DIR "/data/samples/brand-reds-project.cxf"));
-    ASSERT_TRUE(project.accepted());
-    EXPECT_EQ(project.caption, "Brand Reds –– project with 4 patches averaged");
-    EXPECT_EQ(project.lab.L, (f(49.82f) + f(48.08f) + f(49.41f) + f(48.67f)) / 4);
-    EXPECT_EQ(project.lab.a, (f(43.85f) + f(43.44f) + f(42.79f) + f(42.88f)) / 4);
-    EXPECT_EQ(project.lab.b, (f(38.08f) + f(34.85f) + f(38.13f) + f(35.67f)) / 4);
-}
-
 // The window's side of an outcome, as cxf_import.h prescribes it, recorded instead of shown.
 struct RecordingWindow {
     std::vector<std::string> events; // "log: ...", "beep", "alert: title | message | button"
@@ -306,9 +295,6 @@ TEST(ReflectanceCurve, OneEntryPerPointInDocumentOrder)
         EXPECT_EQ(curve[i].wavelength, expected[i].wavelength) << i;
         EXPECT_EQ(curve[i].value, expected[i].value) << i;
     }
-    const XMLNode single = treeOf("<p Wavelength=\"550\">0.75</p>");
-    EXPECT_EQ(reflectancePointCount(single.find("p")), 1u);
-    EXPECT_EQ(createSpectralFromReflectancePoints(single.find("p"))[0].value, 0.75);
     EXPECT_FALSE(createSpectralFromReflectancePoints(nullptr));
     const XMLNode empty = XMLNode::array();
     EXPECT_FALSE(createSpectralFromReflectancePoints(&empty));
