@@ -73,53 +73,44 @@ double f(float v)
 TEST(Import, CaptionsAndTheMeanOfTheFloatValues)
 {
     struct Case {
-        const char *name;
         std::optional<std::string> setName;
         std::vector<Patch> patches;
         std::string caption;
         LabColor lab;
     };
     const Case cases[] = {
-        {"untitled palette, named patch",
-         "Untitled palette",
+        {"Untitled palette",
          {patch("Sample A", "51.23", "-3.45", "12.1")},
          "Sample A –– one patch",
          {51.229999542236328, f(-3.45f), f(12.1f), 1}},
-        {"untitled palette, unnamed patch",
-         "Untitled palette",
+        {"Untitled palette",
          {patch({}, "50", "0", "0")},
          "Untitled palette –– one patch",
          {50, 0, 0, 1}},
-        {"named set, one patch",
-         "P",
-         {patch("x", "40", "1", "2")},
-         "P –– project with one patch",
-         {40, 1, 2, 1}},
-        {"named set, three patches",
-         "P",
+        {"P", {patch("x", "40", "1", "2")}, "P –– project with one patch", {40, 1, 2, 1}},
+        {"P",
          {patch("a", "51.23", "10.1", "-7.7"), patch("b", "52.11", "10.3", "-7.9"),
           patch("c", "50.07", "9.9", "-8.3")},
          "P –– project with 3 patches averaged",
          {(f(51.23f) + f(52.11f) + f(50.07f)) / 3, (f(10.1f) + f(10.3f) + f(9.9f)) / 3,
           (f(-7.7f) + f(-7.9f) + f(-8.3f)) / 3, 1}},
-        {"untitled palette, several patches",
-         std::nullopt,
+        // A set without a name reads as an untitled palette.
+        {{},
          {patch("X", "1", "2", "3"), patch("Y", "3", "4", "5")},
          "2 patches averaged",
          {2, 3, 4, 1}},
-        {"lenient numbers and a missing component",
-         "P",
+        // Lenient numbers, a missing component, a component with an attribute: zero.
+        {"P",
          {patch("a", " 60.5 units", "abc", "8"), {"b", "<CxF:L>30</CxF:L>"}},
          "P –– project with 2 patches averaged",
          {45.25, 0, 4, 1}},
-        {"component with an attribute reads as zero",
-         "P",
+        {"Q",
          {{"a", "<CxF:L Unit=\"%\">50</CxF:L><CxF:A>1</CxF:A><CxF:B>2</CxF:B>"}},
-         "P –– project with one patch",
+         "Q –– project with one patch",
          {0, 1, 2, 1}},
     };
     for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.caption);
         const CxFImportOutcome outcome = importCxFDocument(document(c.setName, c.patches));
         ASSERT_TRUE(outcome.accepted()) << outcome.logLine;
         EXPECT_EQ(outcome.caption, c.caption);

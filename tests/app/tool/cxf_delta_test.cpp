@@ -249,22 +249,6 @@ TEST_F(CxfDelta, RefusedDocumentsExitTwoWithTheirMessage)
         << both.err;
 }
 
-TEST_F(CxfDelta, HundredMegabyteFileIsRefusedInBoundedMemory)
-{
-    const fs::path huge = home_ / "huge.cxf";
-    {
-        std::ofstream out(huge, std::ios::binary);
-        out << "<CxF:CxF>";
-        for (int i = 0; i < 100; ++i)
-            out << std::string(1 << 20, ' ');
-        out << "</CxF:CxF>";
-    }
-    const ToolRun r = run({kSamples + "sample-a.cxf", huge.string()});
-    EXPECT_EQ(r.status, 2);
-    EXPECT_NE(r.err.find("huge.cxf: Invalid XML data\n"), std::string::npos) << r.err;
-    EXPECT_NE(r.err.find("larger than the limit of 67108864 bytes"), std::string::npos) << r.err;
-}
-
 TEST_F(CxfDelta, UsageErrors)
 {
     const std::string a = kSamples + "sample-a.cxf";
