@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -30,54 +29,37 @@ std::string treeOfString(const std::string &document)
     return tree ? treeText(*tree) : "error: " + error.description();
 }
 
-struct TreeCase {
-    const char *name;
-    const char *document;
-    const char *tree;
-};
-
-class ReaderTree : public testing::TestWithParam<TreeCase>
+TEST(ReaderTree, BuildsTheDescribedTree)
 {
-};
-
-TEST_P(ReaderTree, BuildsTheDescribedTree)
-{
-    EXPECT_EQ(treeOfData(GetParam().document), GetParam().tree);
-    // The same document without line breaks reads the same through the string entry.
-    EXPECT_EQ(treeOfString(GetParam().document), GetParam().tree);
+    const std::pair<const char *, const char *> cases[] = {
+        {"<a><b>1</b></a>", "{a: {b: 1}}"},
+        {"<a><b>1</b><b>2</b><b>3</b></a>", "{a: {b: [1, 2, 3]}}"},
+        {"<a><b x=\"7\">1</b></a>", "{a: {b: {x: 7, text: 1}}}"},
+        {"<a b=\"1\"><b>2</b></a>", "{a: {b: [1, 2]}}"},
+        {"<a text=\"q\">t</a>", "{a: {text: t}}"},
+        {"<a><b x=\"\"/></a>", "{a: {b: {x: \"\"}}}"},
+        // An empty leaf is removed, with the array of its name, and empties its parent.
+        {"<a><b/></a>", "{}"},
+        {"<a><b>1</b><b/></a>", "{}"},
+        {"<a><c>3</c><b>1</b><b/></a>", "{a: {c: 3}}"},
+        {"<a> <b> </b> </a>", "{}"},
+        // One text accumulator for the whole parse: text before a child goes to the child.
+        {"<a>x<b/></a>", "{a: {b: x}}"},
+        {"<a>x<b>1</b>y</a>", "{a: {b: x1, text: y}}"},
+        // Each chunk expat hands over is trimmed on its own, Unicode spaces included.
+        {"<a>a &amp; b</a>", "{a: a&b}"},
+        {"<a>a&#32;b</a>", "{a: ab}"},
+        {"<a>\u00a0\u30001\u2009</a>", "{a: 1}"},
+        {"<?xml version=\"1.0\"?><!-- c --><a><?pi x?><b>1<!-- c --></b></a>", "{a: {b: 1}}"},
+        {"<CxF:CxF xmlns:CxF=\"urn:x\"><CxF:Color ColorName=\"n\"/></CxF:CxF>",
+         "{CxF:CxF: {xmlns:CxF: urn:x, CxF:Color: {ColorName: n}}}"},
+    };
+    for (const auto &[document, tree] : cases) {
+        SCOPED_TRACE(document);
+        EXPECT_EQ(treeOfData(document), tree);
+        EXPECT_EQ(treeOfString(document), tree);
+    }
 }
-
-const TreeCase kTreeCases[] = {
-    {"leaf_collapses_to_its_text", "<a><b>1</b></a>", "{a: {b: 1}}"},
-    {"repeated_name_becomes_an_array", "<a><b>1</b><b>2</b></a>", "{a: {b: [1, 2]}}"},
-    {"further_occurrences_are_appended", "<a><b>1</b><b>2</b><b>3</b></a>", "{a: {b: [1, 2, 3]}}"},
-    {"text_of_an_element_with_attributes_goes_under_text", "<a><b x=\"7\">1</b></a>",
-     "{a: {b: {x: 7, text: 1}}}"},
-    {"empty_leaf_is_removed_and_empties_its_parent", "<a><b/></a>", "{}"},
-    {"empty_leaf_removes_the_array_of_its_name", "<a><b>1</b><b/></a>", "{}"},
-    {"empty_leaf_removes_earlier_siblings_but_not_others", "<a><c>3</c><b>1</b><b/></a>",
-     "{a: {c: 3}}"},
-    {"text_before_a_child_is_taken_by_the_child", "<a>x<b/></a>", "{a: {b: x}}"},
-    {"one_accumulator_for_the_whole_parse", "<a>x<b>1</b>y</a>", "{a: {b: x1, text: y}}"},
-    {"entity_chunks_are_trimmed_one_by_one", "<a>a &amp; b</a>", "{a: a&b}"},
-    {"character_reference_of_a_space_vanishes", "<a>a&#32;b</a>", "{a: ab}"},
-    {"cdata_is_trimmed_too", "<a><![CDATA[ <x> ]]></a>", "{a: <x>}"},
-    {"prefix_is_part_of_the_name",
-     "<CxF:CxF xmlns:CxF=\"urn:x\"><CxF:Color ColorName=\"n\"/></CxF:CxF>",
-     "{CxF:CxF: {xmlns:CxF: urn:x, CxF:Color: {ColorName: n}}}"},
-    {"attribute_and_child_of_one_name_form_an_array", "<a b=\"1\"><b>2</b></a>",
-     "{a: {b: [1, 2]}}"},
-    {"element_text_replaces_an_attribute_named_text", "<a text=\"q\">t</a>", "{a: {text: t}}"},
-    {"empty_attribute_keeps_an_element", "<a><b x=\"\"/></a>", "{a: {b: {x: \"\"}}}"},
-    {"white_space_only_text_is_no_text", "<a> <b> </b> </a>", "{}"},
-    {"comments_and_processing_instructions_are_ignored",
-     "<?xml version=\"1.0\"?><!-- c --><a><?pi x?><b>1<!-- c --></b></a>", "{a: {b: 1}}"},
-    {"unicode_spaces_are_trimmed", "<a>\u00a0\u30001\u2009</a>", "{a: 1}"},
-    {"internal_entity_expands", "<!DOCTYPE a [<!ENTITY e \"5\">]><a>&e;</a>", "{a: 5}"},
-};
-
-INSTANTIATE_TEST_SUITE_P(Mapping, ReaderTree, testing::ValuesIn(kTreeCases),
-                         [](const auto &info) { return std::string(info.param.name); });
 
 TEST(ReaderString, JoinsTrimmedLinesBeforeParsing)
 {
@@ -102,13 +84,10 @@ TEST(ReaderErrors, CarryExpatsMessageWithLineAndColumn)
         {"<a><b></a>", "mismatched tag", 1, 9},
         {"<a>\n<b>\n</a>", "mismatched tag", 3, 3},
         {"", "no element found", 1, 1},
-        {"<a>", "no element found", 1, 4},
         {"<a></a><b/>", "junk after document element", 1, 8},
         {"<a>\xff</a>", "not well-formed (invalid token)", 1, 4},
-        {"<a>\xc3\x28</a>", "not well-formed (invalid token)", 1, 4},
         {std::string("<a>\0</a>", 8), "not well-formed (invalid token)", 1, 4},
         {"<a>&undefined;</a>", "undefined entity", 1, 4},
-        {"<a x=\"1\" x=\"2\"/>", "duplicate attribute", 1, 10},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.document);
@@ -118,10 +97,7 @@ TEST(ReaderErrors, CarryExpatsMessageWithLineAndColumn)
         EXPECT_EQ(error.line, c.line);
         EXPECT_EQ(error.column, c.column);
     }
-}
-
-TEST(ReaderErrors, StringEntryReportsLineOneAndNullSlotIsAccepted)
-{
+    // The string entry joins the lines first; a null error slot is accepted.
     XMLError error;
     EXPECT_FALSE(XMLReader::dictionaryForXMLString("<a>\n<b>\n</a>", &error));
     EXPECT_EQ(error.description(), "mismatched tag at line 1, column 9");
@@ -176,29 +152,17 @@ TEST(ReaderPieces, DocumentsLongerThanOnePieceReadWhole)
         EXPECT_TRUE(c->find("v")->equalsString(longText));
         EXPECT_TRUE(c->find("text")->equalsString(longText));
     }
-    XMLError error;
-    document.insert(document.size() - 4, "</x>");
-    EXPECT_FALSE(XMLReader::dictionaryForXMLString(document, &error));
-    EXPECT_EQ(error.message, "mismatched tag");
-    EXPECT_EQ(error.line, 1u);
-}
-
-// --- Hostile documents --------------------------------------------------------------------
-
-std::string nested(int depth, const std::string &innermost)
-{
-    std::string document;
-    for (int i = 0; i < depth; ++i)
-        document += "<e>";
-    document += innermost;
-    for (int i = 0; i < depth; ++i)
-        document += "</e>";
-    return document;
 }
 
 TEST(ReaderHostile, HundredThousandNestedElementsWithText)
 {
-    const auto tree = XMLReader::dictionaryForXMLData(nested(100000, "x"), nullptr);
+    std::string document;
+    for (int i = 0; i < 100000; ++i)
+        document += "<e>";
+    document += "x";
+    for (int i = 0; i < 100000; ++i)
+        document += "</e>";
+    const auto tree = XMLReader::dictionaryForXMLData(document, nullptr);
     ASSERT_TRUE(tree);
     // Walk down iteratively: 99,999 dictionaries, then the collapsed innermost leaf.
     const XMLNode *node = &*tree;
@@ -212,38 +176,6 @@ TEST(ReaderHostile, HundredThousandNestedElementsWithText)
     EXPECT_TRUE(node->equalsString("x"));
     const XMLNode copy = *tree; // copy and destruction must not recurse either
     EXPECT_TRUE(copy == *tree);
-}
-
-TEST(ReaderHostile, HundredThousandNestedEmptyElementsCollapseToNothing)
-{
-    const auto tree = XMLReader::dictionaryForXMLString(nested(100000, ""), nullptr);
-    ASSERT_TRUE(tree);
-    EXPECT_TRUE(tree->empty());
-}
-
-TEST(ReaderHostile, UnclosedDeepNestingIsDroppedWithoutCrashing)
-{
-    XMLError error;
-    std::string document;
-    for (int i = 0; i < 100000; ++i)
-        document += "<e a=\"1\">";
-    EXPECT_FALSE(XMLReader::dictionaryForXMLData(document, &error));
-    EXPECT_EQ(error.message, "no element found");
-}
-
-TEST(ReaderHostile, BillionLaughsIsRefused)
-{
-    std::string document = "<!DOCTYPE a [<!ENTITY l0 \"lollollollollollollollollollol\">";
-    for (int i = 1; i <= 9; ++i) {
-        document += "<!ENTITY l" + std::to_string(i) + " \"";
-        for (int k = 0; k < 10; ++k)
-            document += "&l" + std::to_string(i - 1) + ";";
-        document += "\">";
-    }
-    document += "]><a>&l9;</a>";
-    XMLError error;
-    EXPECT_FALSE(XMLReader::dictionaryForXMLData(document, &error));
-    EXPECT_NE(error.message.find("amplification"), std::string::npos) << error.message;
 }
 
 std::string entityChain(int count)
@@ -264,34 +196,19 @@ TEST(ReaderHostile, EntityChainsAreBoundedInLength)
     EXPECT_EQ(error.message, "too many entity declarations (more than 256)");
 }
 
-class ReaderExternalEntities : public testing::Test
+TEST(ReaderHostile, ExternalEntitiesAreNeverLoaded)
 {
-protected:
-    void SetUp() override
-    {
-        const auto dir = std::filesystem::temp_directory_path();
-        secretPath_ = dir / ("cxf-reader-secret-" + std::to_string(::getpid()) + ".txt");
-        dtdPath_ = dir / ("cxf-reader-dtd-" + std::to_string(::getpid()) + ".dtd");
-        std::ofstream(secretPath_) << "SECRET";
-        std::ofstream(dtdPath_) << "<!ENTITY fromdtd \"SECRET\">";
-    }
-    void TearDown() override
-    {
-        std::filesystem::remove(secretPath_);
-        std::filesystem::remove(dtdPath_);
-    }
-    std::filesystem::path secretPath_, dtdPath_;
-};
-
-TEST_F(ReaderExternalEntities, AreNeverLoaded)
-{
-    const std::string url = "file://" + secretPath_.string();
-    const std::string dtd = "file://" + dtdPath_.string();
+    const auto dir = std::filesystem::temp_directory_path();
+    const auto secret = dir / ("cxf-reader-secret-" + std::to_string(::getpid()) + ".txt");
+    const auto dtd = dir / ("cxf-reader-dtd-" + std::to_string(::getpid()) + ".dtd");
+    std::ofstream(secret) << "SECRET";
+    std::ofstream(dtd) << "<!ENTITY fromdtd \"SECRET\">";
+    const std::string url = "file://" + secret.string(), dtdUrl = "file://" + dtd.string();
     const std::string documents[] = {
         "<!DOCTYPE a [<!ENTITY x SYSTEM \"" + url + "\">]><a><b>1</b><c>&x;</c></a>",
         "<!DOCTYPE a [<!ENTITY x SYSTEM \"" + url + "\">]><a><b>1</b><c v=\"&x;\"/></a>",
-        "<!DOCTYPE a [<!ENTITY % p SYSTEM \"" + dtd + "\"> %p;]><a><b>1</b><c>&fromdtd;</c></a>",
-        "<!DOCTYPE a SYSTEM \"" + dtd + "\"><a><b>1</b><c>&fromdtd;</c></a>",
+        "<!DOCTYPE a [<!ENTITY % p SYSTEM \"" + dtdUrl + "\"> %p;]><a><b>1</b><c>&fromdtd;</c></a>",
+        "<!DOCTYPE a SYSTEM \"" + dtdUrl + "\"><a><b>1</b><c>&fromdtd;</c></a>",
     };
     for (const auto &document : documents) {
         SCOPED_TRACE(document);
@@ -300,6 +217,8 @@ TEST_F(ReaderExternalEntities, AreNeverLoaded)
     }
     // A reference to an external entity in text is skipped.
     EXPECT_EQ(treeOfData(documents[0]), "{a: {b: 1}}");
+    std::filesystem::remove(secret);
+    std::filesystem::remove(dtd);
 }
 
 } // namespace
