@@ -4,10 +4,10 @@ set -euo pipefail
 
 packages=(
     cmake ninja-build g++ pkg-config
-    qt6-base-dev qt6-base-dev-tools qt6-charts-dev qt6-qpa-plugins libgl-dev
+    qt6-base-dev qt6-base-dev-tools qt6-charts-dev libqt6opengl6-dev qt6-qpa-plugins libgl-dev
     libexpat1-dev liblcms2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    xvfb xauth icc-profiles-free
+    xvfb xauth xdotool icc-profiles-free
     clang clang-format libclang-rt-14-dev git
 )
 
