@@ -93,6 +93,8 @@ void XMLCALL onStartElement(void *userData, const XML_Char *name, const XML_Char
         if (count > limits.maxAttributes - builder.attributes())
             return stop(context, over(limits.maxAttributes, "attributes"));
         context.reader->parserDidStartElement(name, attributes);
+        if (builder.names() > limits.maxNames)
+            stop(context, over(limits.maxNames, "distinct names"));
     });
 }
 
@@ -263,9 +265,12 @@ std::optional<XMLNode> XMLReader::dictionaryForXMLString(std::string_view text, 
         }
         ok = reader.feed(pending, false);
         pending.clear();
-        if (ok && line.size() >= kPieceBytes)
-            ok = reader.feed(line, false); // a very long line goes as it is, without a copy
-        else
+        // A very long line goes without a copy, piece by piece (expat's copy stays small).
+        while (ok && line.size() >= kPieceBytes) {
+            ok = reader.feed(line.substr(0, kPieceBytes), false);
+            line.remove_prefix(kPieceBytes);
+        }
+        if (ok)
             pending += line;
     });
     if (ok)

@@ -49,6 +49,7 @@ struct XMLReadLimits {
     std::size_t maxAttributes = SIZE_MAX; // in the whole document
     std::size_t maxAttributesPerElement = SIZE_MAX;
     std::size_t maxDepth = SIZE_MAX;       // elements open at once
+    std::size_t maxNames = SIZE_MAX;       // distinct element and attribute names
     std::size_t maxTextBytes = SIZE_MAX;   // text kept after trimming, whole document
     std::size_t maxParserBytes = SIZE_MAX; // memory expat holds at once (its buffers and tables)
 };

@@ -175,10 +175,13 @@ void XMLTreeBuilder::endElement()
     slots_.resize(frame.slotBase);
     values_.resize(frame.valueBase);
     frames_.pop_back();
-    if (keep)
+    if (keep) {
         pushValue(frame.parentSlot, record);
-    else
+    } else if (frame.parentSlot + 1 == slots_.size() && !frames_.back().indexed) {
+        slots_.pop_back(); // the parent's newest key goes without a trace
+    } else {
         slots_[frame.parentSlot].live = false;
+    }
 }
 
 XMLNode XMLTreeBuilder::finish()

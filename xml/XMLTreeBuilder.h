@@ -38,6 +38,7 @@ public:
     std::size_t elements() const noexcept { return elements_; }
     std::size_t attributes() const noexcept { return attributes_; }
     std::size_t textBytes() const noexcept { return textBytes_; }
+    std::size_t names() const noexcept { return names_.size() - 1; } // "text" is not counted
 
 private:
     struct Name {

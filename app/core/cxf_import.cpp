@@ -146,6 +146,7 @@ CxFImportOutcome importWithinBudget(std::string_view text)
     limits.maxElements = kMaxCxFElements;
     limits.maxAttributes = kMaxCxFAttributes;
     limits.maxAttributesPerElement = kMaxCxFAttributesPerElement;
+    limits.maxNames = kMaxCxFNames;
     limits.maxDepth = kMaxCxFDepth;
     limits.maxTextBytes = kMaxCxFTextBytes;
     limits.maxParserBytes = kMaxCxFParserBytes;

@@ -92,14 +92,16 @@ inline constexpr std::size_t kMaxCxFDocumentBytes = std::size_t{64} << 20;
 // The budget of a document while it is read (XMLReadLimits), from the largest real project
 // with room to spare: a project of 10,000 patches with 36 spectral points has about 420,000
 // elements and 370,000 attributes, about 230 bytes of text per patch, and nests 8 levels
-// deep; one element carries at most a handful of attributes. A document over budget
+// deep; one element carries at most a handful of attributes, and the whole format has fewer
+// than a hundred distinct names. A document over budget
 // is refused as invalid XML as soon as the budget runs out (docs/cxf-import.md).
-inline constexpr std::size_t kMaxCxFElements = std::size_t{1} << 21;   // 2,097,152
-inline constexpr std::size_t kMaxCxFAttributes = std::size_t{1} << 21; // in the whole document
+inline constexpr std::size_t kMaxCxFElements = std::size_t{1} << 20;   // 1,048,576
+inline constexpr std::size_t kMaxCxFAttributes = std::size_t{1} << 20; // in the whole document
+inline constexpr std::size_t kMaxCxFNames = 4096; // distinct element and attribute names
 inline constexpr std::size_t kMaxCxFAttributesPerElement = 64;
 inline constexpr std::size_t kMaxCxFDepth = 64;
 inline constexpr std::size_t kMaxCxFTextBytes = std::size_t{16} << 20;   // after trimming
-inline constexpr std::size_t kMaxCxFParserBytes = std::size_t{64} << 20; // expat's own memory
+inline constexpr std::size_t kMaxCxFParserBytes = std::size_t{16} << 20; // expat's own memory
 
 // What happened to a document; each refusal is one row of the failure table.
 enum class CxFImportStatus {
