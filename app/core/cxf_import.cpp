@@ -189,6 +189,11 @@ CxFImportOutcome importWithinBudget(std::string_view text)
 
 } // namespace
 
+CxFImportOutcome importUnreadableDocument(std::string detail)
+{
+    return invalidXMLData(std::move(detail));
+}
+
 std::string_view refusalMessage(const CxFImportOutcome &outcome)
 {
     if (outcome.accepted())
