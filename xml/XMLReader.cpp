@@ -253,28 +253,30 @@ std::optional<XMLNode> XMLReader::dictionaryForXMLString(std::string_view text, 
     XMLReader reader(error, limits);
     if (!reader.beginParse())
         return std::nullopt;
-    std::string pending;
-    pending.reserve(std::min(text.size(), kPieceBytes));
+    // The joined lines are written straight into expat's buffer, a piece at a time.
     bool ok = true;
+    const std::size_t pieceBytes = std::min(text.size() + 1, kPieceBytes);
+    char *piece = nullptr;
+    std::size_t filled = 0;
     forEachTrimmedLine(text, [&](std::string_view line) {
-        if (!ok)
-            return;
-        if (pending.size() + line.size() <= kPieceBytes) {
-            pending += line;
-            return;
+        while (ok && !line.empty()) {
+            if (!piece && !(piece = reader.pieceBuffer(pieceBytes))) {
+                ok = false;
+                return;
+            }
+            const std::size_t n = std::min(line.size(), pieceBytes - filled);
+            std::memcpy(piece + filled, line.data(), n);
+            filled += n;
+            line.remove_prefix(n);
+            if (filled == pieceBytes) {
+                ok = reader.feedPieceBuffer(filled, false);
+                piece = nullptr;
+                filled = 0;
+            }
         }
-        ok = reader.feed(pending, false);
-        pending.clear();
-        // A very long line goes without a copy, piece by piece (expat's copy stays small).
-        while (ok && line.size() >= kPieceBytes) {
-            ok = reader.feed(line.substr(0, kPieceBytes), false);
-            line.remove_prefix(kPieceBytes);
-        }
-        if (ok)
-            pending += line;
     });
     if (ok)
-        ok = reader.feed(pending, true);
+        ok = piece ? reader.feedPieceBuffer(filled, true) : reader.feed({}, true);
     return reader.endParse(ok);
 }
 
@@ -355,6 +357,19 @@ bool XMLReader::beginParse()
     XML_SetBillionLaughsAttackProtectionActivationThreshold(parser, kEntityAmplificationThreshold);
 #endif
     return true;
+}
+
+char *XMLReader::pieceBuffer(std::size_t bytes)
+{
+    BudgetScope scope(parse_->budgeted ? &parse_->budget : nullptr);
+    return static_cast<char *>(XML_GetBuffer(parse_->parser.get(), static_cast<int>(bytes)));
+}
+
+bool XMLReader::feedPieceBuffer(std::size_t bytes, bool last)
+{
+    BudgetScope scope(parse_->budgeted ? &parse_->budget : nullptr);
+    return XML_ParseBuffer(parse_->parser.get(), static_cast<int>(bytes),
+                           last ? XML_TRUE : XML_FALSE) == XML_STATUS_OK;
 }
 
 bool XMLReader::feed(std::string_view piece, bool last)

@@ -118,7 +118,7 @@ public:
     // Size of the pieces handed to expat: expat copies what it is given into its own buffer, so
     // feeding pieces keeps that copy small. A token longer than a piece is rescanned from its
     // start with every further piece, so pieces are large enough to keep that cheap.
-    static constexpr std::size_t kPieceBytes = std::size_t{4} << 20;
+    static constexpr std::size_t kPieceBytes = std::size_t{1} << 20;
 
 private:
     struct Parse; // the expat parser of a parse in progress
@@ -130,6 +130,10 @@ private:
     // even if empty), then end with whether every feed succeeded.
     bool beginParse();
     bool feed(std::string_view piece, bool last);
+    // Or: fill expat's own buffer of bytes (nullptr when out of memory) and feed what was put
+    // there.
+    char *pieceBuffer(std::size_t bytes);
+    bool feedPieceBuffer(std::size_t bytes, bool last);
     std::optional<XMLNode> endParse(bool ok);
 
     std::unique_ptr<Parse, ParseDelete> parse_;
