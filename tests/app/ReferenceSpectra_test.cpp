@@ -1,8 +1,6 @@
-// The chart of reference spectra: the controller's data source against points worked out
-// apart from the code (tests/data/reference/reference_spectra.csv: the black body by Planck's
-// law at 6500 K with c2 = 0.014388 m K; D50, D65 and D75 by the CIE daylight formula with M1
-// and M2 rounded to three decimals as in the CIE tables, hence their wider tolerance; CIE D65
-// the published table over 100), the axes as Qt Charts lays them out, and the drawn pixels.
+// The reference spectra chart, against points worked out apart from the code: the black body by
+// Planck's law, D50, D65 and D75 by the CIE daylight formula with M1 and M2 rounded as the CIE
+// tables are (hence a wider tolerance), CIE D65 from its published table; with their colours.
 #include "AppDelegate.h"
 #include "MainInterface.h"
 
@@ -15,154 +13,84 @@
 #include <QMainWindow>
 #include <QTest>
 
-#include <functional>
-#include <map>
-
-namespace {
-
-struct Point {
-    QString plot;
-    unsigned nm;
-    double value, tolerance;
-};
-
-std::vector<Point> referencePoints()
+// Rows of plot, nm, value, tolerance, colour.
+static std::vector<QStringList> referencePoints()
 {
-    std::vector<Point> points;
     QFile file(QStringLiteral(CXF_TEST_DATA_DIR "/reference/reference_spectra.csv"));
+    std::vector<QStringList> rows;
     if (file.open(QIODevice::ReadOnly) && !file.readLine().isEmpty()) {
-        while (!file.atEnd()) {
-            const QStringList f = QString::fromUtf8(file.readLine().trimmed()).split(u',');
-            points.push_back({f.at(0), f.at(1).toUInt(), f.at(2).toDouble(), f.at(3).toDouble()});
-        }
+        while (!file.atEnd())
+            rows.push_back(QString::fromUtf8(file.readLine().trimmed()).split(u','));
     }
-    return points;
+    return rows;
 }
-
-unsigned recordAt(unsigned nm)
-{
-    return (nm - 300) / 5;
-}
-
-} // namespace
 
 TEST(ReferenceSpectra, DataSourceServesTheGridAndTheCurves)
 {
     AppDelegate controller;
     controller.demoSpectrums();
+    constexpr unsigned X = AppDelegate::ScatterPlotFieldX, Y = AppDelegate::ScatterPlotFieldY;
     const QString bb = QStringLiteral("BB");
     EXPECT_EQ(controller.numberOfRecordsForPlot(bb), 107u);
-    EXPECT_EQ(controller.numberForPlot(bb, AppDelegate::ScatterPlotFieldX, 0), QVariant(300u));
-    EXPECT_EQ(controller.numberForPlot(bb, AppDelegate::ScatterPlotFieldX, 106), QVariant(830u));
-    const std::vector<Point> points = referencePoints();
-    ASSERT_EQ(points.size(), 16u);
-    for (const Point &p : points) {
-        const QVariant y =
-            controller.numberForPlot(p.plot, AppDelegate::ScatterPlotFieldY, recordAt(p.nm));
+    EXPECT_EQ(controller.numberForPlot(bb, X, 0), QVariant(300u));
+    EXPECT_EQ(controller.numberForPlot(bb, X, 106), QVariant(830u));
+    const std::vector<QStringList> rows = referencePoints();
+    ASSERT_EQ(rows.size(), 16u);
+    for (const QStringList &row : rows) {
+        const QVariant y = controller.numberForPlot(row[0], Y, (row[1].toUInt() - 300) / 5);
         EXPECT_EQ(y.typeId(), QMetaType::Float);
-        EXPECT_NEAR(y.toDouble(), p.value, p.tolerance) << p.plot.toStdString() << " " << p.nm;
+        EXPECT_NEAR(y.toDouble(), row[2].toDouble(), row[3].toDouble())
+            << row.join(u' ').toStdString();
     }
-    EXPECT_EQ(controller.numberForPlot(QStringLiteral("D55"), AppDelegate::ScatterPlotFieldY, 52),
-              QVariant(0.0f));
+    EXPECT_EQ(controller.numberForPlot(QStringLiteral("D55"), Y, 52), QVariant(0.0f));
     EXPECT_FALSE(controller.numberForPlot(bb, 2, 52).isValid());
 }
 
-class ReferenceSpectraChart : public ::testing::Test
+TEST(ReferenceSpectra, MenuOpensTheChartDrawnAsItsAxesSay)
 {
-protected:
-    void SetUp() override
-    {
-        window = loadMainInterface(controller);
-        ASSERT_EQ(controller.chartWindow(), nullptr); // nothing is built at launch
-        window->findChild<QAction *>(QStringLiteral("actionReferenceSpectra"))->trigger();
-        view = qobject_cast<QChartView *>(controller.chartView());
-        ASSERT_NE(view, nullptr);
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(controller.chartWindow()));
-        view->setRenderHint(QPainter::Antialiasing, false); // a line's pixels in its own colour
-        // The plot area settles 10 px under the top and 50 px over the bottom (left and right
-        // give way to the room Qt Charts takes for the axis labels).
-        QChart *chart = view->chart();
-        ASSERT_TRUE(QTest::qWaitFor([chart] {
-            return qAbs(chart->plotArea().top() - 10) <= 0.5 &&
-                   qAbs(chart->plotArea().bottom() - (chart->rect().bottom() - 50)) <= 0.5;
-        }));
-    }
-
-    // Whether a pixel within (dx, dy) of `value`, plotted in the chart, passes `drawn`.
-    bool drawnNear(const QImage &image, QPointF value, const std::function<bool(QRgb)> &drawn,
-                   int dx, int dy) const
-    {
-        const QPoint at = view->chart()->mapToPosition(value).toPoint();
-        for (int y = at.y() - dy; y <= at.y() + dy; ++y)
-            for (int x = at.x() - dx; x <= at.x() + dx; ++x)
-                if (drawn(image.pixel(x, y)))
-                    return true;
-        return false;
-    }
-
     AppDelegate controller;
-    std::unique_ptr<QMainWindow> window;
-    QChartView *view = nullptr;
-};
+    const std::unique_ptr<QMainWindow> window = loadMainInterface(controller);
+    ASSERT_EQ(controller.chartWindow(), nullptr); // nothing is built at launch
+    window->findChild<QAction *>(QStringLiteral("actionReferenceSpectra"))->trigger();
+    auto *view = qobject_cast<QChartView *>(controller.chartView());
+    ASSERT_TRUE(view && QTest::qWaitForWindowExposed(controller.chartWindow()));
+    QChart *chart = view->chart();
+    ASSERT_TRUE(QTest::qWaitFor([chart] { // 50 px under the plot area, once laid out
+        return qAbs(chart->rect().bottom() - chart->plotArea().bottom() - 50) <= 0.5;
+    }));
 
-TEST_F(ReferenceSpectraChart, AxesCarryTheirTitlesAndLabels)
-{
-    EXPECT_FALSE(controller.chartWindow()->testAttribute(Qt::WA_QuitOnClose));
-    view->grab();
-    // Texts under the plot area, row by row from left to right; beside it, from the far left
-    // and then bottom to top.
-    const QRectF plotArea = view->chart()->plotArea();
-    std::map<std::pair<int, int>, QString> below, beside;
+    // Every text outside the plot area: the axes' titles and labels.
+    QStringList texts;
     for (QGraphicsItem *item : view->scene()->items()) {
         const auto *text = dynamic_cast<QGraphicsTextItem *>(item);
-        const QPointF c = item->sceneBoundingRect().center();
-        if (!text || text->toPlainText().isEmpty())
-            continue;
-        if (c.y() > plotArea.bottom())
-            below[{qRound(c.y()), qRound(c.x())}] = text->toPlainText();
-        else if (c.x() < plotArea.left())
-            beside[{qRound(c.x()), -qRound(c.y())}] = text->toPlainText();
+        if (text && !chart->plotArea().contains(item->sceneBoundingRect().center()))
+            texts << text->toPlainText();
     }
-    QStringList belowTexts, besideTexts;
-    for (const auto &[at, text] : below)
-        belowTexts << text;
-    for (const auto &[at, text] : beside)
-        besideTexts << text;
-    EXPECT_EQ(belowTexts.join(u' ').toStdString(), "300 400 500 600 700 800 Wavelength");
-    EXPECT_EQ(besideTexts.join(u' ').toStdString(), "S(\u03BB) 0.0 1.0 2.0");
-}
+    texts.removeAll(QString());
+    texts.sort();
+    EXPECT_EQ(texts.join(u' ').toStdString(),
+              "0.0 1.0 2.0 300 400 500 600 700 800 S(\u03BB) Wavelength");
 
-TEST_F(ReferenceSpectraChart, CurvesAndGridLinesLieWhereTheirValuesAre)
-{
-    const std::map<QString, QColor> colors = {{QStringLiteral("BB"), Qt::black},
-                                              {QStringLiteral("D50"), Qt::red},
-                                              {QStringLiteral("D65"), Qt::magenta},
-                                              {QStringLiteral("D75"), Qt::blue},
-                                              {QStringLiteral("CIE D65"), Qt::green}};
-    const QList<QAbstractSeries *> series = view->chart()->series();
-    ASSERT_EQ(series.size(), 5);
-    // One curve at a time: D65 and its tabulation overlap.
-    for (const Point &p : referencePoints()) {
-        for (QAbstractSeries *s : series)
-            s->setVisible(s->name() == p.plot);
-        const QRgb color = colors.at(p.plot).rgb();
-        EXPECT_TRUE(drawnNear(
-            view->grab().toImage(), {double(p.nm), p.value},
-            [color](QRgb pixel) { return pixel == color; }, 1, 3))
-            << p.plot.toStdString() << " " << p.nm;
-    }
-    // Grid lines every 100 nm and 1 in mid grey; every 10 nm and 0.2 in a lighter grey (a
-    // half-pixel line); none at 355 nm or 1.3.
-    const QImage image = view->grab().toImage();
-    const auto major = [](QRgb p) { return p == qRgb(128, 128, 128); };
-    const auto minor = [](QRgb p) {
-        return qRed(p) == qBlue(p) && qRed(p) == qGreen(p) && qRed(p) > 128 && qRed(p) < 255;
+    // Drawn without antialiasing, so that a line's pixels carry its own colour.
+    view->setRenderHint(QPainter::Antialiasing, false);
+    const auto drawnNear = [chart](const QImage &image, QPointF value, auto drawn) {
+        const QPoint at = chart->mapToPosition(value).toPoint();
+        for (int i = 0; i < 21; ++i) // 3 by 7 pixels around
+            if (drawn(image.pixel(at + QPoint(i % 3 - 1, i / 3 - 3))))
+                return true;
+        return false;
     };
-    const auto white = [](QRgb p) { return p == qRgb(255, 255, 255); };
-    EXPECT_TRUE(drawnNear(image, {350, 1.7}, minor, 1, 0));
-    EXPECT_TRUE(drawnNear(image, {400, 1.7}, major, 1, 0));
-    EXPECT_TRUE(drawnNear(image, {355, 1.7}, white, 0, 0));
-    EXPECT_TRUE(drawnNear(image, {355, 1.2}, minor, 0, 1));
-    EXPECT_TRUE(drawnNear(image, {355, 1.0}, major, 0, 1));
-    EXPECT_TRUE(drawnNear(image, {355, 1.3}, white, 0, 0));
+    // A light grey grid line every 10 nm (half a pixel wide, so paler still).
+    EXPECT_TRUE(drawnNear(view->grab().toImage(), {350, 1.7}, [](QRgb p) {
+        return qRed(p) == qGreen(p) && qGreen(p) == qBlue(p) && qRed(p) > 128 && qRed(p) < 255;
+    }));
+    // One curve at a time, since D65 and its tabulation overlap.
+    for (const QStringList &row : referencePoints()) {
+        for (QAbstractSeries *series : chart->series())
+            series->setVisible(series->name() == row[0]);
+        const QRgb color = QColor(row[4]).rgb();
+        EXPECT_TRUE(drawnNear(view->grab().toImage(), {row[1].toDouble(), row[2].toDouble()},
+                              [color](QRgb p) { return p == color; }))
+            << row.join(u' ').toStdString();
+    }
 }
