@@ -38,8 +38,9 @@ constexpr QMargins kPlotAreaPadding(50, 10, 10, 50); // left, top, right, bottom
 constexpr qreal kLegendInset = 10;
 
 // Title and labels in the chart's text style; axis line, major ticks and grid in the major
-// style (Qt Charts draws the ticks with the axis line's pen and has no tick length), minor grid
-// lines in their own style.
+// style, minor grid lines in their own. Qt Charts draws the major ticks with the axis line's pen
+// and has no tick length, no title offset, and no minor tick marks (so minor ticks are
+// invisible as they should be).
 void styleAxis(QValueAxis *axis, const QString &title, const QFont &font, const QPen &major,
                const QPen &minorGrid)
 {
@@ -204,6 +205,8 @@ void AppDelegate::setupChart()
     // Fixed paddings around the plot area. Qt Charts sizes the plot area itself, inside the
     // chart's margins and the room its axes take, so each new plot area corrects the margins by
     // its distance from the wanted one (the axes keep their size: one correction settles it).
+    // Margins stay at 0 or more: where an axis needs more room than its padding (the y labels
+    // and title take about 59 px at 10 pt), the plot area gives way rather than clip them.
     connect(graph, &QChart::plotAreaChanged, graph, [graph](const QRectF &plotArea) {
         const QRectF wanted = graph->rect().marginsRemoved(kPlotAreaPadding.toMarginsF());
         const QMargins margins = graph->margins();
