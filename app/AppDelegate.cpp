@@ -128,12 +128,12 @@ void AppDelegate::observeValueForKeyPath(const QString &keyPath, QObject *, cons
         updateUI();
 }
 
-void AppDelegate::parseXML(const QString &text, BkgndColorView *sender)
+void AppDelegate::parseXML(const QByteArray &text, BkgndColorView *sender)
 {
-    // A null text (the swatch could not read the file) is no XML at all.
-    const QByteArray utf8 = text.toUtf8();
+    // A null text (the swatch could not read the file, or it was not UTF-8) is no XML at all.
     const CxFImportOutcome outcome =
-        importCxFDocument(std::string_view(utf8.constData(), size_t(utf8.size())));
+        text.isNull() ? importUnreadableDocument({})
+                      : importCxFDocument(std::string_view(text.constData(), size_t(text.size())));
     if (!outcome.logLine.empty())
         qCInfo(lcImport).noquote()
             << QString::fromUtf8(outcome.logLine.data(), qsizetype(outcome.logLine.size()));
