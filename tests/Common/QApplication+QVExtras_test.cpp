@@ -1,7 +1,8 @@
-// Application name and menu, first element, notification dump.
+// Application name and menu, first element, notification dump, deferred calls.
 
 #include "QApplication+QVExtras.h"
 #include "QList+QVExtras.h"
+#include "QVInvocation.h"
 #include "QVNotification.h"
 
 #include <gtest/gtest.h>
@@ -37,11 +38,35 @@ TEST(QApplicationQVExtras, LogNotificationLines)
     QVNotification note{QStringLiteral("Changed"), nullptr, {{QStringLiteral("k"), 1}}};
     QVLogNotification(&note);
     qInstallMessageHandler(previous);
-    ASSERT_EQ(lines.size(), 5);
-    EXPECT_EQ(lines.mid(0, 3),
-              QStringList({QStringLiteral("QVLogNotification(nil)"),
-                           QStringLiteral("Notification:"), QStringLiteral("name = Changed")}));
-    EXPECT_EQ(lines.at(3), QStringLiteral("object = QObject(0x0)"));
-    EXPECT_TRUE(lines.at(4).startsWith(QStringLiteral("userInfo = QMap((k, QVariant(int, 1)))")))
-        << lines.at(4).toStdString();
+    EXPECT_EQ(lines, QStringList({u"QVLogNotification(nil)"_qs, u"Notification:"_qs,
+                                  u"name = Changed"_qs, u"object = QObject(0x0)"_qs,
+                                  u"userInfo = QMap((k, QVariant(int, 1)))"_qs}));
+}
+
+namespace {
+
+QStringList calls;
+
+class Target : public QObject
+{
+public:
+    void poll(const QString &path, int attempt) { calls << path + QString::number(attempt); }
+};
+
+} // namespace
+
+TEST(QVInvocation, CallsWithArgumentsSetLaterUnlessTargetIsGone)
+{
+    calls.clear();
+    auto *target = new Target;
+    QVInvocation invocation = QVInvocation::invocationWithTarget(target, &Target::poll);
+    invocation.setArgument(QStringLiteral("/tmp/a"), 2);
+    invocation.setArgument(7, 3);
+    invocation.setArgument(QStringLiteral("ignored"), 4);
+    invocation.invoke();
+    invocation.setArgument(8, 3);
+    invocation.invoke();
+    delete target;
+    invocation.invoke();
+    EXPECT_EQ(calls, QStringList({QStringLiteral("/tmp/a7"), QStringLiteral("/tmp/a8")}));
 }
