@@ -3,6 +3,7 @@
 #include "AppDelegate.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
+#include "SwatchProbe.h"
 
 #include <QApplication>
 #include <QFile>
@@ -34,5 +35,6 @@ int main(int argc, char *argv[])
         controller.parseXML(text, i == 0 ? controller.dragView1() : controller.dragView2());
     }
     probeLaunchWhenShown(window.get());
+    probeSwatchesWhenShown(controller);
     return app.exec();
 }

@@ -31,8 +31,8 @@ QByteArray utf8Text(const QByteArray &bytes)
 {
     if (bytes.isNull())
         return {};
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    (void)decoder.decode(bytes);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded = decoder.decode(bytes);
     return decoder.hasError() ? QByteArray() : bytes;
 }
 
