@@ -96,31 +96,3 @@ private:
     std::function<void(const QVariant &)> m_call;
     QVariant m_arg;
 };
-
-inline QPainterPath bezierPathWithArrowInRect(const QRectF &r, double hl, double tailWidth,
-                                              qint64 pointing)
-{
-    const double t = tailWidth / 2;
-    const double minX = r.left(), maxX = r.right(), minY = r.top(), maxY = r.bottom();
-    const double midX = r.center().x();
-    QPolygonF p;
-    if (pointing == 0)
-        p << QPointF(midX, maxY) << QPointF(maxX, maxY - hl) << QPointF(maxX - t, maxY - hl)
-          << QPointF(maxX - t, minY) << QPointF(minX + t, minY) << QPointF(minX + t, maxY - hl)
-          << QPointF(minX, maxY - hl);
-    else
-        p << QPointF(midX, minY) << QPointF(maxX, minY + hl) << QPointF(maxX - t, minY + hl)
-          << QPointF(maxX - t, maxY) << QPointF(minX + t, maxY) << QPointF(minX + t, minY + hl)
-          << QPointF(minX, minY + hl);
-    QPainterPath path;
-    path.addPolygon(p);
-    path.closeSubpath();
-    return path;
-}
-
-inline QPainterPath bezierPathWithRoundedRectangle(const QRectF &rect, float radius)
-{
-    QPainterPath path;
-    path.addRoundedRect(rect, double(radius), double(radius));
-    return path;
-}

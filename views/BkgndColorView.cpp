@@ -3,6 +3,7 @@
 #include "BkgndColorViewDelegate.h"
 #include "QColor+QVExtras.h"
 #include "QMimeData+QVExtras.h"
+#include "QPainterPath+QVExtras.h"
 #include "QVPendingHelpers.h"
 
 #include <QApplication>

@@ -1,6 +1,7 @@
 #include "QVFileDropView.h"
 
 #include "QMimeData+QVExtras.h"
+#include "QPainterPath+QVExtras.h"
 #include "QVFileDropLayout.h"
 #include "QVPendingHelpers.h"
 #include "QVShadow.h"
