@@ -4,7 +4,7 @@
 #include "QColor+QVExtras.h"
 #include "QMimeData+QVExtras.h"
 #include "QPainterPath+QVExtras.h"
-#include "QVPendingHelpers.h"
+#include "document_reading.h"
 
 #include <QApplication>
 #include <QFile>
@@ -13,7 +13,6 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStringDecoder>
 
 Q_LOGGING_CATEGORY(lcSwatch, "qv.swatch", QtInfoMsg)
 
@@ -27,25 +26,20 @@ constexpr double kBlackCaptionAboveL = 70.0;
 constexpr char kPublicCxFType[] = "com.public.cxf";
 constexpr char kXriteCxFType[] = "com.xrite.cxf";
 
-// UTF-8 text, or a null array when the bytes are not UTF-8.
+// The bytes when they are UTF-8 text, else the null array (no text).
 QByteArray utf8Text(const QByteArray &bytes)
 {
-    if (bytes.isNull())
+    if (bytes.isNull() || !isValidUtf8(std::string_view(bytes.constData(), size_t(bytes.size()))))
         return {};
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded = decoder.decode(bytes);
-    return decoder.hasError() ? QByteArray() : bytes;
+    return bytes;
 }
 
 QByteArray documentTextAt(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const std::optional<std::string> text = readDocumentText(QFile::encodeName(path).toStdString());
+    if (!text)
         return {};
-    QByteArray bytes = file.readAll();
-    if (bytes.isNull())
-        bytes = QByteArray(""); // an empty file is empty text, not none
-    return utf8Text(bytes);
+    return text->empty() ? QByteArray("") : QByteArray(text->data(), qsizetype(text->size()));
 }
 
 } // namespace
@@ -92,7 +86,7 @@ void BkgndColorView::setSwatchLabel(const QString &swatchLabel)
 void BkgndColorView::sendText(const QByteArray &text)
 {
     if (m_delegate)
-        m_delegate->parseXML(text.isNull() ? QString() : QString::fromUtf8(text), this);
+        m_delegate->parseXML(text, this);
 }
 
 void BkgndColorView::dropViewTakeDataFromPasteboard(QVFileDropView *, const QMimeData *pasteboard,

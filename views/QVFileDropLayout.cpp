@@ -1,6 +1,6 @@
 #include "QVFileDropLayout.h"
 
-#include "QVPendingHelpers.h"
+#include "QVGeometry.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,11 @@
 #include "QVFileDropView.h"
 
 #include "QMimeData+QVExtras.h"
+#include "QObject+QVExtras.h"
 #include "QPainterPath+QVExtras.h"
+#include "QString+Geometrics.h"
 #include "QVFileDropLayout.h"
-#include "QVPendingHelpers.h"
+#include "QVInvocation.h"
 #include "QVShadow.h"
 
 #include <QApplication>

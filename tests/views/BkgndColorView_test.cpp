@@ -18,9 +18,9 @@ namespace {
 
 struct Recorder : BkgndColorViewDelegate {
     QStringList texts; // "<null>" for no text
-    void parseXML(const QString &text, BkgndColorView *) override
+    void parseXML(const QByteArray &text, BkgndColorView *) override
     {
-        texts << (text.isNull() ? QStringLiteral("<null>") : text);
+        texts << (text.isNull() ? QStringLiteral("<null>") : QString::fromUtf8(text));
     }
 };
 
