@@ -30,10 +30,11 @@ TEST(QVFileDropLayout, MatchesTheLayoutsWorkedByHand)
         const auto rect = [&](size_t i) { return QRectF(v[i], v[i + 1], v[i + 2], v[i + 3]); };
         const QVFileDropLayout layout = QVFileDropLayoutForBounds(rect(0), QSizeF(v[4], v[5]));
         const auto expectRect = [](const QRectF &actual, const QRectF &expected) {
-            EXPECT_CLOSE(actual.x(), expected.x(), kTolTable);
-            EXPECT_CLOSE(actual.y(), expected.y(), kTolTable);
-            EXPECT_CLOSE(actual.width(), expected.width(), kTolTable);
-            EXPECT_CLOSE(actual.height(), expected.height(), kTolTable);
+            for (const auto &[a, e] : {std::pair{actual.topLeft(), expected.topLeft()},
+                                       std::pair{actual.bottomRight(), expected.bottomRight()}}) {
+                EXPECT_CLOSE(a.x(), e.x(), kTolTable);
+                EXPECT_CLOSE(a.y(), e.y(), kTolTable);
+            }
         };
         expectRect(layout.border, rect(6));
         EXPECT_EQ(layout.dash.periods, long(v[10]));
