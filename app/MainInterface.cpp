@@ -46,6 +46,8 @@ std::unique_ptr<QMainWindow> loadMainInterface(AppDelegate &controller)
     QObject::connect(ui.actionPreferences, &QAction::triggered, parent,
                      [parent] { PreferencesDialog::showShared(parent); });
     installPasteCommand(ui.actionPaste, ui.menuEdit);
+    QObject::connect(ui.actionReferenceSpectra, &QAction::triggered, &controller,
+                     &AppDelegate::showReferenceSpectra);
     QObject::connect(ui.actionQuit, &QAction::triggered, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     return window;

@@ -4,6 +4,7 @@
 #include "LaunchProbe.h"
 #include "MainInterface.h"
 #include "SwatchProbe.h"
+#include "Translations.h"
 #include "document_reading.h"
 
 #include <QApplication>
@@ -18,7 +19,8 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("CxF Compare"));
     QCoreApplication::setApplicationVersion(QStringLiteral(CXF_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("cxf-compare"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.cxfcompare.CxFCompare"));
+    installTranslators(app);
 
     AppDelegate controller;
     const std::unique_ptr<QMainWindow> window = loadMainInterface(controller);
