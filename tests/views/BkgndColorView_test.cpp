@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QMimeData>
 #include <QTemporaryDir>
+#include <QTest>
 
 namespace {
 
@@ -66,6 +67,28 @@ TEST(BkgndColorView, ReadsTheTypesInItsOrder)
         view.takeDataFromPasteboard(&mime, nullptr);
         EXPECT_EQ(recorder.texts, row.texts);
     }
+}
+
+TEST(BkgndColorView, PromisedFileIsReadWhenItAppears)
+{
+    QVFileDropView::setPromisedFilePollInterval(5);
+    const QString name =
+        QStringLiteral("swatch promise %1.cxf").arg(QCoreApplication::applicationPid());
+    QMimeData mime;
+    mime.setData(QLatin1String(kQVPromisedFileURLType),
+                 "file:///x/" + QUrl::toPercentEncoding(name));
+    Recorder recorder;
+    BkgndColorView view;
+    view.setDelegate(&recorder);
+    view.takeDataFromPasteboard(&mime, nullptr);
+    QFile file(QDir(QDir::tempPath()).filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<CxF/>");
+    file.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !recorder.texts.isEmpty(); }, 2000));
+    EXPECT_EQ(recorder.texts, QStringList{QStringLiteral("<CxF/>")});
+    file.remove();
+    QVFileDropView::setPromisedFilePollInterval(100);
 }
 
 TEST(BkgndColorView, CaptionIsBlackOnlyAboveL70)
