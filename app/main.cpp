@@ -1,11 +1,12 @@
 // cxf-compare: the application's entry point.
 
 #include "AppDelegate.h"
+#include "CommandLine.h"
+#include "DesktopWindow.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QMainWindow>
 
 int main(int argc, char *argv[])
@@ -13,10 +14,24 @@ int main(int argc, char *argv[])
     // Log lines are written as plain lines ("Invalid XML data"), without a category prefix;
     // QT_MESSAGE_PATTERN still overrides this.
     qSetMessagePattern(QStringLiteral("%{message}"));
-    QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("CxF Compare"));
     QCoreApplication::setApplicationVersion(QStringLiteral(CXF_VERSION));
+
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    if (asksOnlyForInformation(arguments)) {
+        // Help and version need no display.
+        const QCoreApplication app(argc, argv);
+        return answerCommandLine(parseCommandLine(QCoreApplication::arguments()));
+    }
+
+    QApplication app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("cxf-compare"));
+    // Parsed after Qt has taken its own options (-platform, -style, ...) from the arguments.
+    const CommandLine commandLine = parseCommandLine(QCoreApplication::arguments());
+    if (commandLine.exitStatus)
+        return answerCommandLine(commandLine); // before any window
 
     AppDelegate controller;
     const std::unique_ptr<QMainWindow> window = loadMainInterface(controller);
@@ -25,14 +40,9 @@ int main(int argc, char *argv[])
     controller.applicationWillFinishLaunching();
     window->show();
     controller.applicationDidFinishLaunching();
-    // "cxf-compare reference.cxf sample.cxf" opens the documents as if dropped on the swatches.
-    const QStringList documents = app.arguments().mid(1, 2);
-    for (qsizetype i = 0; i < documents.size(); ++i) {
-        QFile file(documents.at(i));
-        const QString text =
-            file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-        controller.parseXML(text, i == 0 ? controller.dragView1() : controller.dragView2());
-    }
+    // "cxf-compare reference.cxf sample.cxf" opens the documents as if dropped on the swatches,
+    // once the window is up, so that an alert is centred on it.
+    window->findChild<DesktopWindow *>()->openDocumentsLater(commandLine.documents);
     probeLaunchWhenShown(window.get());
     return app.exec();
 }

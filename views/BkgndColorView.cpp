@@ -99,7 +99,8 @@ void BkgndColorView::paintEmptyTarget(QPainter &painter)
              m_dragHighlight ? 3 : 2, Qt::DashLine);
     painter.setPen(pen);
     painter.drawRoundedRect(frame, kCornerRadius, kCornerRadius);
-    painter.setPen(primary);
+    // The primary grey where it reads well on the window (4.5:1), else black or white.
+    painter.setPen(readableTextColor(palette().color(QPalette::Window), primary));
     painter.drawText(frame.adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
                      tr("Drop a color patch or project here"));
 }
