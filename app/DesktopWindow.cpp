@@ -201,7 +201,7 @@ void DesktopWindow::openDocument(const QString &path, Swatch swatch)
     m_refused = false;
     if (!m_readProblem.isEmpty()) {
         const QString line = tr("%1: cannot read “%2”: %3\n")
-                                 .arg(QCoreApplication::applicationName(),
+                                 .arg(QFileInfo(QCoreApplication::applicationFilePath()).fileName(),
                                       QDir::toNativeSeparators(path), m_readProblem);
         std::fputs(line.toLocal8Bit().constData(), stderr);
         std::fflush(stderr);
