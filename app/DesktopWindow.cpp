@@ -248,6 +248,7 @@ void DesktopWindow::showRefusal(const QString &message)
     else
         text = tr("Could not use the document: %1").arg(message);
     m_window->statusBar()->showMessage(text);
+    m_window->statusBar()->setToolTip(text); // the whole text, when the window is narrow
 }
 
 void DesktopWindow::describeSwatch(BkgndColorView *swatch)
