@@ -49,7 +49,7 @@ public:
                                 const KeyValueChange &change, void *context) override;
 
     // A swatch's document text; the sample it sets follows from which swatch sent it.
-    void parseXML(const QString &text, BkgndColorView *sender) override;
+    void parseXML(const QByteArray &text, BkgndColorView *sender) override;
 
     // Shows an accepted sample on the swatch that sent it and, for dragView1 or dragView2,
     // stores it as sample 1 or 2 and recomputes. Any other sender gets colour and caption only.

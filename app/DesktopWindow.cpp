@@ -13,7 +13,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDropEvent>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeySequence>
@@ -52,14 +51,9 @@ QString recentKey(DesktopWindow::Swatch swatch)
 const QString kGeometryKey = QStringLiteral("geometry");
 const QString kLastFolderKey = QStringLiteral("lastFolder");
 
-// Hands the file at path to swatch as a drop of that one file does: its text, decoded as
-// UTF-8, goes to the swatch's delegate; a file that cannot be read gives a null text.
-void handFileToSwatch(BkgndColorView *swatch, const QString &path, bool readable)
+// Hands a file's text to swatch as a drop of that one file does (null when it gave none).
+void handFileToSwatch(BkgndColorView *swatch, const QByteArray &text)
 {
-    QString text;
-    QFile file(path);
-    if (readable && file.open(QIODevice::ReadOnly))
-        text = QString::fromUtf8(file.readAll());
     if (swatch->delegate())
         swatch->delegate()->parseXML(text, swatch);
 }
@@ -197,7 +191,8 @@ void DesktopWindow::chooseDocument(Swatch swatch)
 void DesktopWindow::openDocument(const QString &path, Swatch swatch)
 {
     m_documentName = QFileInfo(path).fileName();
-    m_readProblem = documentReadProblem(path);
+    const DocumentFile file = readDocumentFile(path);
+    m_readProblem = file.problem;
     m_refused = false;
     if (!m_readProblem.isEmpty()) {
         const QString line = tr("%1: cannot read “%2”: %3\n")
@@ -206,7 +201,7 @@ void DesktopWindow::openDocument(const QString &path, Swatch swatch)
         std::fputs(line.toLocal8Bit().constData(), stderr);
         std::fflush(stderr);
     }
-    handFileToSwatch(swatchView(swatch), path, m_readProblem.isEmpty());
+    handFileToSwatch(swatchView(swatch), file.text);
     if (!m_refused)
         rememberDocument(path, swatch);
     m_documentName.clear();

@@ -1,11 +1,14 @@
 #include "DocumentFile.h"
 
 #include "cxf_import.h"
+#include "document_reading.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QStringDecoder>
+
+#include <cerrno>
+#include <cstring>
 
 namespace {
 
@@ -14,32 +17,39 @@ QString tr(const char *text)
     return QCoreApplication::translate("DocumentFile", text);
 }
 
+QString systemError(int error)
+{
+    if (error == ENOENT)
+        return tr("no such file");
+    if (error == EACCES || error == EPERM)
+        return tr("permission denied");
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
 } // namespace
 
-QString documentReadProblem(const QString &path)
+DocumentFile readDocumentFile(const QString &path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return tr("no such file");
-    if (info.isDir())
-        return tr("it is a directory");
-    if (!info.isFile())
-        return tr("it is not a regular file");
-    constexpr auto limit = qint64(kMaxCxFDocumentBytes);
-    if (info.size() > limit)
-        return tr("it is larger than %1 MiB").arg(limit >> 20);
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return file.error() == QFileDevice::PermissionsError ? tr("permission denied")
-                                                             : file.errorString();
-    const QByteArray bytes = file.read(limit + 1);
-    if (file.error() != QFileDevice::NoError)
-        return file.errorString();
-    if (bytes.size() > limit) // grew since it was looked at
-        return tr("it is larger than %1 MiB").arg(limit >> 20);
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8.decode(bytes);
-    if (utf8.hasError() || bytes.contains('\0'))
-        return tr("it is not UTF-8 text");
-    return {};
+    const DocumentReading reading = readDocument(QFile::encodeName(path).toStdString());
+    DocumentFile file;
+    switch (reading.problem) {
+    case DocumentProblem::None:
+        file.text = QByteArray::fromStdString(reading.text.value_or(std::string()));
+        break;
+    case DocumentProblem::Open:
+    case DocumentProblem::Read:
+        file.problem = systemError(reading.error);
+        break;
+    case DocumentProblem::NotRegularFile:
+        file.problem =
+            QFileInfo(path).isDir() ? tr("it is a directory") : tr("it is not a regular file");
+        break;
+    case DocumentProblem::TooLarge:
+        file.problem = tr("it is larger than %1 MiB").arg(kMaxCxFDocumentBytes >> 20);
+        break;
+    case DocumentProblem::InvalidUtf8:
+        file.problem = tr("it is not UTF-8 text");
+        break;
+    }
+    return file;
 }

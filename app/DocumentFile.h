@@ -1,11 +1,16 @@
 #pragma once
-// Why a file named by the user cannot be read as a CxF document, in words for the status bar
-// and the terminal.
+// A file named by the user (File > Open, Open Recent, the command line) read as a swatch reads
+// a dropped file, with the reason in words when it gives no text.
 
+#include <QByteArray>
 #include <QString>
 
-// Empty when path names a regular, readable file of at most kMaxCxFDocumentBytes that holds
-// UTF-8 text; otherwise the reason, translated: "no such file", "it is a directory", "it is
-// not a regular file", "it is larger than 64 MiB", "permission denied", "it is not UTF-8 text"
-// (invalid sequences or NUL bytes), or the system's own error text.
-QString documentReadProblem(const QString &path);
+struct DocumentFile {
+    QByteArray text; // valid UTF-8; null when the file gave no text
+    // Empty when there is text; otherwise why not, translated: "no such file", "permission
+    // denied", "it is a directory", "it is not a regular file", "it is larger than 64 MiB",
+    // "it is not UTF-8 text", or the system's own error text.
+    QString problem;
+};
+
+DocumentFile readDocumentFile(const QString &path);

@@ -244,10 +244,10 @@ TEST_F(AppDelegateTest, ASwatchThatIsNeitherSampleSetsNoSample)
     EXPECT_FALSE(controller->isSample2Defined());
 }
 
-QString sampleDocument(const char *name)
+QByteArray sampleDocument(const char *name)
 {
     QFile file(QStringLiteral(CXF_SOURCE_DIR "/data/samples/") + QLatin1String(name));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 TEST_F(AppDelegateTest, DroppedDocumentsSetTheSwatchesAndTheSamples)
@@ -287,8 +287,8 @@ TEST_F(AppDelegateTest, RefusedDocumentsLeaveEverythingAsItWas)
                           QStringLiteral("The Lab colors were not specified with D50 "
                                          "illuminant and 2\u00b0 observer."),
                           QStringLiteral("Ok")}));
-    for (const QString &bad : {QStringLiteral("<CxF:CxF><unclosed>"), QString(),
-                               QStringLiteral("<CxF:CxF><x>1</x></CxF:CxF>")})
+    for (const QByteArray &bad : {QByteArray("<CxF:CxF><unclosed>"), QByteArray(),
+                                  QByteArray("<CxF:CxF><x>1</x></CxF:CxF>")})
         controller->parseXML(bad, controller->dragView2());
 
     EXPECT_EQ(alerts.size(), 3); // only the measurement conditions raise an alert

@@ -18,8 +18,10 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -65,7 +67,7 @@ protected:
 
     ToolRun run(const std::vector<std::string> &arguments)
     {
-        std::string command = "env HOME=" + quoted(home_.string()) +
+        std::string command = "timeout 20 env HOME=" + quoted(home_.string()) +
                               " XDG_CONFIG_HOME=" + quoted((home_ / "config").string()) + " " +
                               quoted(CXF_DELTA_PATH);
         for (const std::string &argument : arguments)
@@ -216,20 +218,32 @@ TEST_F(CxfDelta, TextReport)
 
 TEST_F(CxfDelta, RefusedDocumentsExitTwoWithTheirMessage)
 {
-    const std::pair<std::string, std::string> cases[] = {
+    // Files that cannot be read as UTF-8 text are refused as the window refuses them, without
+    // being read when they are not regular files or too large (none of these may hang).
+    const std::string fifo = (home_ / "fifo.cxf").string(), big = (home_ / "big.cxf").string();
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    std::ofstream(big).close();
+    fs::resize_file(big, (std::uintmax_t{64} << 20) + 1);
+    const std::string invalid = "Invalid XML data";
+    const std::tuple<std::string, std::string, std::string> cases[] = {
         {kSamples + "d65-measurement.cxf",
-         "The Lab colors were not specified with D50 illuminant and 2° observer."},
-        {kDefects + "unbalanced-tags.cxf", "Invalid XML data"},
-        {kDefects + "no-color.cxf", "No 'Color' key in XML data"},
-        {kDefects + "no-such-file.cxf", "cannot read the file: No such file or directory"},
-        {kDefects, "cannot read the file: Is a directory"},
+         "The Lab colors were not specified with D50 illuminant and 2° observer.", ""},
+        {kDefects + "unbalanced-tags.cxf", invalid, ""},
+        {kDefects + "no-color.cxf", "No 'Color' key in XML data", ""},
+        {kDefects + "no-such-file.cxf", invalid, "No such file or directory"},
+        {kDefects, invalid, "not a regular file"},
+        {kDefects + "invalid-utf8.cxf", invalid, "not UTF-8"},
+        {fifo, invalid, "not a regular file"},
+        {"/dev/zero", invalid, "not a regular file"},
+        {big, invalid, "larger than the limit of 67108864 bytes"},
     };
-    for (const auto &[file, message] : cases) {
+    for (const auto &[file, message, detail] : cases) {
         SCOPED_TRACE(file);
         const ToolRun r = run({kSamples + "sample-a.cxf", file, "--json"});
         EXPECT_EQ(r.status, 2);
         EXPECT_NE(r.err.find(file + ": "), std::string::npos) << r.err;
         EXPECT_NE(r.err.find(message), std::string::npos) << r.err;
+        EXPECT_NE(r.err.find(detail), std::string::npos) << r.err;
         const QJsonObject json = parsed(r.out);
         EXPECT_EQ(text(at(sample(json, 0), "status")), "ok");
         EXPECT_EQ(text(at(sample(json, 1), "status")), "refused");
