@@ -247,7 +247,6 @@ void AppDelegate::updateUI()
     setBackground(m_delta_C_tf, highlight.chroma ? kHighlightPink : neutralBackground());
     setBackground(m_delta_H_tf, highlight.hue ? kHighlightPink : neutralBackground());
     showDirections(highlight);
-    Q_EMIT resultsChanged();
 }
 
 void AppDelegate::showVerdict(Verdict verdict, float tolerance)

@@ -113,8 +113,6 @@ Q_SIGNALS:
     void documentRefused(const QString &message);
     // A document was accepted and shown on swatch.
     void sampleShown(BkgndColorView *swatch);
-    // The result fields were written or re-coloured.
-    void resultsChanged();
 
 private:
     void showAlert(const CxFAlert &alert);

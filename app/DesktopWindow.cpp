@@ -98,6 +98,7 @@ DesktopWindow::DesktopWindow(QMainWindow *window, AppDelegate &controller, const
         field->setToolTip(AppDelegate::highlightRule());
     for (QLineEdit *field : {ui.delta_E_tf, ui.delta_L_tf, ui.delta_C_tf, ui.delta_H_tf})
         field->setAccessibleDescription(tr("No result yet: open a reference and a sample."));
+    ui.verdictLabel->setAccessibleDescription(tr("No verdict yet."));
     connect(&controller, &AppDelegate::sampleShown, this, [this](BkgndColorView *swatch) {
         describeSwatch(swatch);
         m_window->statusBar()->clearMessage();
