@@ -2,6 +2,11 @@
 // Conveniences every object answers: an emptiness test, bulk key-value observation of
 // QObject properties and user defaults, pushing a value back through a binding, and listing
 // what a class declares.
+//
+// Stand-ins: observation is UserDefaults' own key-value observation, or for any other QObject
+// the NOTIFY signal of the property named by the key path (QMetaProperty::notifySignal); setting
+// a value by key path is QObject::setProperty along the path; binding info is kept on the bound
+// object in a dynamic property; introspection reads the class's QMetaObject.
 
 #include "KeyValueObserving.h"
 

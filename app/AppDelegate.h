@@ -58,6 +58,17 @@ public:
     void calcDeltaE();
     void updateUI();
 
+    // Chart of reference light sources (AppDelegateChart.cpp). demoSpectrums() computes the five
+    // curves, setupChart() builds chartWindow from them, and the two data-source calls serve the
+    // plots, named by identifier: "BB", "D50", "D65", "D75", "CIE D65".
+    enum ScatterPlotField : unsigned { ScatterPlotFieldX = 0, ScatterPlotFieldY = 1 };
+    void demoSpectrums();
+    void setupChart();
+    unsigned numberOfRecordsForPlot(const QString &plot) const;
+    QVariant numberForPlot(const QString &plot, unsigned field, unsigned recordIndex) const;
+    // Builds the chart the first time, then brings its window to the front.
+    void showReferenceSpectra();
+
     // State, for the window and for tests.
     bool isSample1Defined() const { return samples.lab_1_defined; }
     bool isSample2Defined() const { return samples.lab_2_defined; }

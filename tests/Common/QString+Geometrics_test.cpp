@@ -5,14 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 
-#include <fstream>
 #include <limits>
-#include <sstream>
-#include <string>
 
 namespace {
 
@@ -28,61 +26,45 @@ QFont monospaced()
 TEST(QStringGeometrics, SizesInAdvancesAndLines)
 {
     const QFont font = monospaced();
-    const QFontMetricsF metrics(font);
-    const double advance = metrics.horizontalAdvance(QLatin1Char('a'));
+    const double advance = QFontMetricsF(font).horizontalAdvance(QLatin1Char('a'));
     const double lineHeight = QFontMetrics(font).height(); // layout lines are whole pixels
-    const auto length = [](const std::string &field, double unit) {
-        return field == "max" ? std::numeric_limits<float>::max() : float(std::stod(field) * unit);
+    const auto length = [](const QString &field, double unit) {
+        return field == u"max" ? std::numeric_limits<float>::max() : float(field.toDouble() * unit);
     };
-    std::ifstream in(CXF_TEST_DATA_DIR "/geometry/text_sizes.csv");
-    std::string line;
-    std::getline(in, line);
-    int cases = 0;
-    while (std::getline(in, line)) {
-        std::istringstream row(line);
-        std::string name, text, width, height, expectedWidth, expectedHeight;
-        std::getline(row, name, ',');
-        std::getline(row, text, ',');
-        std::getline(row, width, ',');
-        std::getline(row, height, ',');
-        std::getline(row, expectedWidth, ',');
-        std::getline(row, expectedHeight, ',');
-        const QString string = QString::fromStdString(text)
-                                   .replace(QLatin1String("\\r"), QLatin1String("\r"))
-                                   .replace(QLatin1String("\\n"), QLatin1String("\n"));
+    QFile file(QStringLiteral(CXF_TEST_DATA_DIR "/geometry/text_sizes.csv"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList rows = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    for (const QString &row : rows.mid(1)) {
+        const QStringList f = row.split(u','); // case, text, width, height, expected w and h
+        const QString text =
+            QString(f[1]).replace(u"\\r"_qs, u"\r"_qs).replace(u"\\n"_qs, u"\n"_qs);
         const QSizeF size =
-            sizeForWidth(string, length(width, advance), length(height, lineHeight), &font);
-        EXPECT_NEAR(size.width(), std::stod(expectedWidth) * advance, 0.5) << name;
-        EXPECT_NEAR(size.height(), std::stod(expectedHeight) * lineHeight, 0.5) << name;
-        ++cases;
+            sizeForWidth(text, length(f[2], advance), length(f[3], lineHeight), &font);
+        EXPECT_NEAR(size.width(), f[4].toDouble() * advance, 0.5) << f[0].toStdString();
+        EXPECT_NEAR(size.height(), f[5].toDouble() * lineHeight, 0.5) << f[0].toStdString();
     }
-    EXPECT_EQ(cases, 10);
+    EXPECT_EQ(rows.size(), 11);
     EXPECT_NEAR(heightForWidth(QStringLiteral("aaa bbb"), float(5 * advance), &font),
                 2 * lineHeight, 0.5);
     EXPECT_NEAR(widthForHeight(QStringLiteral("aaa bbb"), float(lineHeight), &font), 7 * advance,
                 0.5);
 }
 
-TEST(QStringGeometrics, TypesetterBehaviourLastsOneMeasurementOfText)
+TEST(QStringGeometrics, TypesetterBehaviourForOneMeasurementAndNullFont)
 {
     gNSStringGeometricsTypesetterBehavior = 1;
     sizeForWidth(QString(), 100, 100, QVTextAttributes());
-    EXPECT_EQ(gNSStringGeometricsTypesetterBehavior, 1);
+    EXPECT_EQ(gNSStringGeometricsTypesetterBehavior, 1); // an empty text leaves it
     sizeForWidth(QStringLiteral("x"), 100, 100, QVTextAttributes());
     EXPECT_EQ(gNSStringGeometricsTypesetterBehavior, -1);
-}
 
-TEST(QStringGeometrics, NullFontLogsAndMeasuresZero)
-{
     static QString logged;
     const QtMessageHandler previous = qInstallMessageHandler(
         [](QtMsgType, const QMessageLogContext &, const QString &text) { logged = text; });
-    const QSizeF size =
-        sizeForWidth(QStringLiteral("abc"), 100, 100, static_cast<QFont *>(nullptr));
+    EXPECT_EQ(sizeForWidth(QStringLiteral("abc"), 100, 100, static_cast<QFont *>(nullptr)),
+              QSizeF(0, 0));
     qInstallMessageHandler(previous);
-    EXPECT_EQ(size, QSizeF(0, 0));
-    EXPECT_EQ(logged,
-              QStringLiteral("[QString sizeForWidth]: Error: cannot compute size with nil font"));
+    EXPECT_EQ(logged, u"[QString sizeForWidth]: Error: cannot compute size with nil font"_qs);
 }
 
 // Drawn in its measured size, a wrapped centred text puts ink on both lines and none outside.

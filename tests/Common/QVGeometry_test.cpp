@@ -4,50 +4,44 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
+#include <QFile>
+#include <QStringList>
+
+#include <array>
 
 TEST(QVGeometry, RectangleCasesWorkedByHand)
 {
-    std::ifstream in(CXF_TEST_DATA_DIR "/geometry/rectangles.csv");
-    std::string line;
-    std::getline(in, line);
-    int cases = 0;
-    while (std::getline(in, line)) {
-        std::istringstream row(line);
-        std::string name, function, field;
-        std::getline(row, name, ',');
-        std::getline(row, function, ',');
-        std::vector<double> v;
-        while (std::getline(row, field, ','))
-            v.push_back(std::stod(field));
-        ASSERT_EQ(v.size(), 13u) << line;
+    QFile file(QStringLiteral(CXF_TEST_DATA_DIR "/geometry/rectangles.csv"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList rows = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    for (const QString &row : rows.mid(1)) {
+        const QStringList f = row.split(u','); // case, function, rect, outer, integral, expected
+        const QString &name = f[0], &function = f[1];
+        double v[13];
+        for (int i = 0; i < 13; ++i)
+            v[i] = f[i + 2].toDouble();
         const QRectF rect(v[0], v[1], v[2], v[3]), outer(v[4], v[5], v[6], v[7]);
         const QPointF p1(v[0], v[1]), p2(v[2], v[3]);
         const bool integral = v[8] != 0;
         QRectF got;
-        if (function == "centered")
+        if (function == u"centered")
             got = QVCenteredRectInRect(rect, outer, integral);
-        else if (function == "appleCentered")
+        else if (function == u"appleCentered")
             got = QVAppleCenteredRectInRect(rect, outer, integral);
-        else if (function == "captured")
+        else if (function == u"captured")
             got = QVCapturedRectInRect(rect, outer, integral);
-        else if (function == "maxInscribed")
+        else if (function == u"maxInscribed")
             got = QVMaxInscribedRectInRect(rect, outer);
-        else if (function == "fromPointToPoint")
+        else if (function == u"fromPointToPoint")
             got = QVMakeRectFromPointToPoint(p1, p2);
-        else if (function == "offset")
+        else if (function == u"offset")
             got = QRectF(QPointF(0, 0), QVOffsetFromPointToPoint(p1, p2));
         else
-            FAIL() << "unknown function " << function;
+            FAIL() << "unknown function " << function.toStdString();
         // Exact: every expected value is a whole or half number.
-        EXPECT_EQ(got.x(), v[9]) << name;
-        EXPECT_EQ(got.y(), v[10]) << name;
-        EXPECT_EQ(got.width(), v[11]) << name;
-        EXPECT_EQ(got.height(), v[12]) << name;
-        ++cases;
+        EXPECT_EQ((std::array{got.x(), got.y(), got.width(), got.height()}),
+                  (std::array{v[9], v[10], v[11], v[12]}))
+            << name.toStdString();
     }
-    EXPECT_EQ(cases, 20);
+    EXPECT_EQ(rows.size(), 21);
 }
