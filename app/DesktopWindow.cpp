@@ -236,6 +236,9 @@ void DesktopWindow::rememberDocument(const QString &path, Swatch swatch)
 void DesktopWindow::showRefusal(const QString &message)
 {
     m_refused = true;
+    // A dropped file that the swatch could not read: say why, as for an opened one.
+    if (m_readProblem.isEmpty() && !m_droppedPath.isEmpty())
+        m_readProblem = readDocumentFile(m_droppedPath).problem;
     QString text;
     if (!m_readProblem.isEmpty())
         text = tr("Could not read “%1”: %2 (%3)").arg(m_documentName, m_readProblem, message);
@@ -312,7 +315,12 @@ bool DesktopWindow::eventFilter(QObject *watched, QEvent *event)
         const QMimeData *mime = static_cast<QDropEvent *>(event)->mimeData();
         const QList<QUrl> urls = mime && mime->hasUrls() ? mime->urls() : QList<QUrl>();
         m_documentName = urls.isEmpty() ? QString() : urls.first().fileName();
-        QTimer::singleShot(0, this, [this] { m_documentName.clear(); });
+        m_droppedPath = urls.isEmpty() ? QString() : urls.first().toLocalFile();
+        QTimer::singleShot(0, this, [this] {
+            m_documentName.clear();
+            m_droppedPath.clear();
+            m_readProblem.clear();
+        });
     }
     return QObject::eventFilter(watched, event);
 }
