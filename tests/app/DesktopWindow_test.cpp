@@ -13,12 +13,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSettings>
@@ -26,6 +28,7 @@
 #include <QStyle>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QUrl>
 
 namespace {
 
@@ -187,6 +190,15 @@ TEST_F(DesktopWindowTest, TheStatusBarNamesTheRefusedDocumentAndWhy)
     // An unreadable file is still reported as the import reports any unreadable document.
     EXPECT_TRUE(window->statusBar()->currentMessage().contains(QStringLiteral("Invalid XML data")));
     EXPECT_TRUE(desktop->recentDocuments(DesktopWindow::Swatch::Sample).isEmpty());
+    // A drop of a file that is not UTF-8 says the same.
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(binary.fileName())});
+    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(controller->dragView1(), &enter);
+    QCoreApplication::sendEvent(controller->dragView1(), &drop);
+    EXPECT_TRUE(window->statusBar()->currentMessage().contains(
+        QStringLiteral("\u201cbinary.cxf\u201d: it is not UTF-8")));
 }
 
 TEST_F(DesktopWindowTest, FieldTextAndTheEmptyTargetMessageReadWellInLightAndDarkPalettes)
