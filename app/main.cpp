@@ -5,6 +5,7 @@
 #include "DesktopWindow.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
+#include "Translations.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -22,12 +23,14 @@ int main(int argc, char *argv[])
         arguments << QString::fromLocal8Bit(argv[i]);
     if (asksOnlyForInformation(arguments)) {
         // Help and version need no display.
-        const QCoreApplication app(argc, argv);
+        QCoreApplication app(argc, argv);
+        installTranslators(app);
         return answerCommandLine(parseCommandLine(QCoreApplication::arguments()));
     }
 
     QApplication app(argc, argv);
-    QGuiApplication::setDesktopFileName(QStringLiteral("cxf-compare"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.cxfcompare.CxFCompare"));
+    installTranslators(app);
     // Parsed after Qt has taken its own options (-platform, -style, ...) from the arguments.
     const CommandLine commandLine = parseCommandLine(QCoreApplication::arguments());
     if (commandLine.exitStatus)

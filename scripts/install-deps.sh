@@ -8,6 +8,8 @@ packages=(
     libexpat1-dev liblcms2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     xvfb xauth xdotool icc-profiles-free
+    qt6-tools-dev qt6-l10n-tools qt6-translations-l10n
+    desktop-file-utils appstream shared-mime-info dpkg-dev man-db
     clang clang-format libclang-rt-14-dev git
 )
 
