@@ -8,11 +8,6 @@
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
-
 const QStringList kHelpNames{QStringLiteral("h"), QStringLiteral("help")};
 const QStringList kVersionNames{QStringLiteral("v"), QStringLiteral("version")};
 
@@ -36,18 +31,26 @@ bool asksOnlyForInformation(const QStringList &arguments)
 CommandLine parseCommandLine(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        tr("Compares two measured colours from CxF documents by their CMC (2:1) colour "
-           "difference. Documents named here open as if dropped on the swatches."));
-    const QCommandLineOption help(kHelpNames, tr("Displays this help and exits."));
-    const QCommandLineOption version(kVersionNames, tr("Displays the version and exits."));
+    parser.setApplicationDescription(QCoreApplication::translate(
+        "CommandLine", "Compares two measured colours from CxF documents by their CMC (2:1) colour "
+                       "difference. Documents named here open as if dropped on the swatches."));
+    const QCommandLineOption help(
+        kHelpNames, QCoreApplication::translate("CommandLine", "Displays this help and exits."));
+    const QCommandLineOption version(
+        kVersionNames,
+        QCoreApplication::translate("CommandLine", "Displays the version and exits."));
     parser.addOption(help);
     parser.addOption(version);
-    parser.addPositionalArgument(tr("reference"),
-                                 tr("CxF document for the reference swatch (sample 1)."),
-                                 tr("[reference]"));
-    parser.addPositionalArgument(tr("sample"), tr("CxF document for the sample swatch (sample 2)."),
-                                 tr("[sample]"));
+    parser.addPositionalArgument(
+        QCoreApplication::translate("CommandLine", "reference"),
+        QCoreApplication::translate("CommandLine",
+                                    "CxF document for the reference swatch (sample 1)."),
+        QCoreApplication::translate("CommandLine", "[reference]"));
+    parser.addPositionalArgument(
+        QCoreApplication::translate("CommandLine", "sample"),
+        QCoreApplication::translate("CommandLine",
+                                    "CxF document for the sample swatch (sample 2)."),
+        QCoreApplication::translate("CommandLine", "[sample]"));
 
     const QString program = arguments.isEmpty() ? QStringLiteral("cxf-compare")
                                                 : QFileInfo(arguments.first()).fileName();
@@ -55,9 +58,11 @@ CommandLine parseCommandLine(const QStringList &arguments)
     const auto refuse = [&](const QString &why) {
         result.exitStatus = kExitUsage;
         result.isError = true;
-        result.output = QStringLiteral("%1: %2\n").arg(program, why) +
-                        tr("Try “%1 --help” for more information.").arg(program) +
-                        QLatin1Char('\n');
+        result.output =
+            QStringLiteral("%1: %2\n").arg(program, why) +
+            QCoreApplication::translate("CommandLine", "Try “%1 --help” for more information.")
+                .arg(program) +
+            QLatin1Char('\n');
         return result;
     };
     if (!parser.parse(arguments))
@@ -75,8 +80,10 @@ CommandLine parseCommandLine(const QStringList &arguments)
     }
     const QStringList documents = parser.positionalArguments();
     if (documents.size() > 2)
-        return refuse(tr("too many documents: give at most two, the reference and the sample "
-                         "(“%1” is a third)")
+        return refuse(QCoreApplication::translate(
+                          "CommandLine",
+                          "too many documents: give at most two, the reference and the sample "
+                          "(“%1” is a third)")
                           .arg(documents.at(2)));
     result.documents = documents;
     return result;

@@ -12,17 +12,12 @@
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("DocumentFile", text);
-}
-
 QString systemError(int error)
 {
     if (error == ENOENT)
-        return tr("no such file");
+        return QCoreApplication::translate("DocumentFile", "no such file");
     if (error == EACCES || error == EPERM)
-        return tr("permission denied");
+        return QCoreApplication::translate("DocumentFile", "permission denied");
     return QString::fromLocal8Bit(std::strerror(error));
 }
 
@@ -42,13 +37,16 @@ DocumentFile readDocumentFile(const QString &path)
         break;
     case DocumentProblem::NotRegularFile:
         file.problem =
-            QFileInfo(path).isDir() ? tr("it is a directory") : tr("it is not a regular file");
+            QFileInfo(path).isDir()
+                ? QCoreApplication::translate("DocumentFile", "it is a directory")
+                : QCoreApplication::translate("DocumentFile", "it is not a regular file");
         break;
     case DocumentProblem::TooLarge:
-        file.problem = tr("it is larger than %1 MiB").arg(kMaxCxFDocumentBytes >> 20);
+        file.problem = QCoreApplication::translate("DocumentFile", "it is larger than %1 MiB")
+                           .arg(kMaxCxFDocumentBytes >> 20);
         break;
     case DocumentProblem::InvalidUtf8:
-        file.problem = tr("it is not UTF-8 text");
+        file.problem = QCoreApplication::translate("DocumentFile", "it is not UTF-8 text");
         break;
     }
     return file;
