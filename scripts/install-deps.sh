@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and the tests need, and only those that are missing.
+# With --list it only prints the packages, one a line (the setup test reads them from here).
 set -euo pipefail
 
 packages=(
@@ -12,6 +13,11 @@ packages=(
     desktop-file-utils appstream shared-mime-info dpkg-dev man-db
     clang clang-format libclang-rt-14-dev git
 )
+
+if [ "${1:-}" = --list ]; then
+    printf '%s\n' "${packages[@]}"
+    exit 0
+fi
 
 missing=()
 for p in "${packages[@]}"; do

@@ -4,7 +4,6 @@
 
 #include "BkgndColorView.h"
 #include "MainInterface.h"
-#include "PreferencesDialog.h"
 #include "UserDefaults.h"
 #include "comparison.h"
 
@@ -13,7 +12,6 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QDoubleSpinBox>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -168,22 +166,6 @@ TEST_F(AppDelegateTest, ToleranceChangeRecoloursAtOnceWithoutANewDrop)
 
     setTolerance(2.5f);
     EXPECT_EQ(background(controller->delta_E_tf()), kGreen);
-}
-
-TEST_F(AppDelegateTest, ThePreferencesDialogRecoloursTheOpenWindow)
-{
-    drop(1, {60, 20, 30, 1});
-    drop(2, {61, 19, 31, 1});
-    ASSERT_EQ(background(controller->delta_E_tf()), kGreen);
-    PreferencesDialog *dialog = PreferencesDialog::showShared(window.get());
-    EXPECT_DOUBLE_EQ(dialog->toleranceField()->value(), 2.5);
-    dialog->toleranceField()->setValue(0.5);
-    EXPECT_EQ(UserDefaults::standardUserDefaults()->floatForKey(kToleranceKey), 0.5f);
-    EXPECT_EQ(background(controller->delta_E_tf()), kRed);
-    // And it follows changes made elsewhere.
-    setTolerance(3.25f);
-    EXPECT_DOUBLE_EQ(dialog->toleranceField()->value(), 3.25);
-    dialog->close();
 }
 
 TEST_F(AppDelegateTest, TiedLargestTermsAreAllHighlighted)

@@ -209,11 +209,12 @@ TEST_F(CxfDelta, TextReport)
     EXPECT_EQ(r.status, 0);
     for (const char *line :
          {"  caption         Sample A –– one patch\n",
-          "  D50 L*a*b*      49.020000457763672  43.200000762939453  "
-          "36.430000305175781  (1 patch)\n",
+          "  D50 L*a*b*      49.020, 43.200, 36.430  (1 patch)\n",
           "  caption         Brand Reds –– project with 4 patches averaged\n", "delta E CMC(2:1)  ",
           " degrees", "verdict           match (tolerance 2.5)\n"})
         EXPECT_NE(r.out.find(line), std::string::npos) << line << "\nin\n" << r.out;
+    const ToolRun same = run({kSamples + "sample-a.cxf", kSamples + "sample-a.cxf"});
+    EXPECT_NE(same.out.find("verdict           identical (tolerance 2.5)\n"), std::string::npos);
 }
 
 TEST_F(CxfDelta, RefusedDocumentsExitTwoWithTheirMessage)
@@ -274,6 +275,8 @@ TEST_F(CxfDelta, UsageErrors)
         {a, a, "--tolerance"},
         {a, a, "--tolerance", "nan"},
         {a, a, "--tolerance=2.5x"},
+        {a, a, "--tolerance", "-0.5"},
+        {a, a, "--tolerance=inf"},
     };
     for (const auto &arguments : cases) {
         SCOPED_TRACE(testing::PrintToString(arguments));
@@ -286,6 +289,9 @@ TEST_F(CxfDelta, UsageErrors)
     const ToolRun help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.out.rfind("usage: cxf-delta", 0), 0u);
+    const ToolRun version = run({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out.rfind("cxf-delta 0.", 0), 0u) << version.out;
 }
 
 } // namespace
