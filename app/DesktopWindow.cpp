@@ -51,11 +51,10 @@ QString recentKey(DesktopWindow::Swatch swatch)
 const QString kGeometryKey = QStringLiteral("geometry");
 const QString kLastFolderKey = QStringLiteral("lastFolder");
 
-// Hands a file's text to swatch as a drop of that one file does (null when it gave none).
-void handFileToSwatch(BkgndColorView *swatch, const QByteArray &text)
+// Hands the file at path to swatch as a drop of that one file does.
+void handFileToSwatch(BkgndColorView *swatch, const QString &path)
 {
-    if (swatch->delegate())
-        swatch->delegate()->parseXML(text, swatch);
+    swatch->dropViewTakeFiles(swatch, QList<QUrl>{QUrl::fromLocalFile(path)});
 }
 
 // A caption in one spreadsheet cell.
@@ -192,8 +191,7 @@ void DesktopWindow::chooseDocument(Swatch swatch)
 void DesktopWindow::openDocument(const QString &path, Swatch swatch)
 {
     m_documentName = QFileInfo(path).fileName();
-    const DocumentFile file = readDocumentFile(path);
-    m_readProblem = file.problem;
+    m_readProblem = readDocumentFile(path).problem;
     m_refused = false;
     if (!m_readProblem.isEmpty()) {
         const QString line = tr("%1: cannot read “%2”: %3\n")
@@ -202,7 +200,7 @@ void DesktopWindow::openDocument(const QString &path, Swatch swatch)
         std::fputs(line.toLocal8Bit().constData(), stderr);
         std::fflush(stderr);
     }
-    handFileToSwatch(swatchView(swatch), file.text);
+    handFileToSwatch(swatchView(swatch), path);
     if (!m_refused)
         rememberDocument(path, swatch);
     m_documentName.clear();

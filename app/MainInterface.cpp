@@ -2,6 +2,7 @@
 
 #include "AppDelegate.h"
 #include "DesktopWindow.h"
+#include "PasteCommand.h"
 #include "PreferencesDialog.h"
 #include "ui_MainWindow.h"
 
@@ -47,6 +48,7 @@ std::unique_ptr<QMainWindow> loadMainInterface(AppDelegate &controller)
     QObject::connect(ui.actionAbout, &QAction::triggered, parent, [parent] { showAbout(parent); });
     QObject::connect(ui.actionPreferences, &QAction::triggered, parent,
                      [parent] { PreferencesDialog::showShared(parent); });
+    installPasteCommand(ui.actionPaste, ui.menuEdit);
     QObject::connect(ui.actionReferenceSpectra, &QAction::triggered, &controller,
                      &AppDelegate::showReferenceSpectra);
     QObject::connect(ui.actionQuit, &QAction::triggered, qApp, &QCoreApplication::quit,

@@ -5,6 +5,7 @@
 #include "DesktopWindow.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
+#include "SwatchProbe.h"
 #include "Translations.h"
 
 #include <QApplication>
@@ -47,5 +48,6 @@ int main(int argc, char *argv[])
     // once the window is up, so that an alert is centred on it.
     window->findChild<DesktopWindow *>()->openDocumentsLater(commandLine.documents);
     probeLaunchWhenShown(window.get());
+    probeSwatchesWhenShown(controller);
     return app.exec();
 }

@@ -388,6 +388,10 @@
 <context>
     <name>MainWindow</name>
     <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
         <source>CxF Compare</source>
         <translation>CxF Compare</translation>
     </message>
@@ -514,6 +518,10 @@
         <source>Differences up to the tolerance show as a match (green), larger ones as a mismatch (red).</source>
         <translation>Abstände bis zur Toleranz gelten als passend (grün), größere als nicht passend (rot).</translation>
     </message>
+    <message>
+        <source>The tolerance could not be saved: %1 cannot be written. It applies until CxF Compare quits.</source>
+        <translation>Die Toleranz konnte nicht gespeichert werden: %1 ist nicht beschreibbar. Sie gilt, bis CxF Compare beendet wird.</translation>
+    </message>
 </context>
 <context>
     <name>QObject</name>
@@ -524,6 +532,41 @@
     <message>
         <source>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Tells how far apart two measured colours are: drop a CxF document on each swatch to see their CMC (2:1) colour difference.&lt;/p&gt;&lt;p&gt;Licensed under the GNU General Public License, version 3 or later.&lt;/p&gt;</source>
         <translation>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Zeigt, wie weit zwei gemessene Farben auseinanderliegen: Legen Sie auf jedem Farbfeld ein CxF-Dokument ab, um ihren CMC-(2:1)-Farbabstand zu sehen.&lt;/p&gt;&lt;p&gt;Lizenziert unter der GNU General Public License, Version 3 oder später.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>QVFileDropView</name>
+    <message>
+        <source>Drop a file here</source>
+        <translation>Datei hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop files here</source>
+        <translation>Dateien hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop a folder here</source>
+        <translation>Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop folders here</source>
+        <translation>Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop a file or folder here</source>
+        <translation>Datei oder Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop files or folders here</source>
+        <translation>Dateien oder Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop an image here</source>
+        <translation>Bild hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop images here</source>
+        <translation>Bilder hier ablegen</translation>
     </message>
 </context>
 <context>
