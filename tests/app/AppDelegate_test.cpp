@@ -140,8 +140,13 @@ TEST_F(AppDelegateTest, ShowsTheStoredFloatsWithTwoDecimalsAndTheirDirection)
     EXPECT_NEAR(controller->delta_H_tf()->text().toDouble(), 6.47, 0.11);
     EXPECT_EQ(background(controller->delta_E_tf()), kRed);
     EXPECT_EQ(controller->verdictLabel()->text(), QStringLiteral("mismatch"));
-    EXPECT_EQ(controller->delta_L_tf()->toolTip(), QStringLiteral("lighter"));
-    EXPECT_EQ(controller->delta_C_tf()->toolTip(), QStringLiteral("more chroma"));
+    const auto caption = [&](const char *name) {
+        return window->findChild<QLabel *>(QLatin1String(name))->text();
+    };
+    EXPECT_EQ(caption("delta_L_caption"), QStringLiteral("lighter"));
+    EXPECT_EQ(caption("delta_C_caption"), QStringLiteral("more saturated"));
+    // 56.3° turned towards 90° (+b*), and the hue term is the largest.
+    EXPECT_EQ(caption("delta_H_caption"), QStringLiteral("yellower \u2014 largest term"));
     // The CMC hue term (5.28) is the largest: delta H is highlighted, though it shows degrees.
     EXPECT_EQ(background(controller->delta_H_tf()), kPink);
     EXPECT_EQ(background(controller->delta_L_tf()), neutral());
