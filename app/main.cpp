@@ -5,6 +5,7 @@
 #include "DesktopWindow.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
+#include "MemoryTuning.h"
 #include "SwatchProbe.h"
 #include "Translations.h"
 
@@ -29,6 +30,7 @@ int main(int argc, char *argv[])
         return answerCommandLine(parseCommandLine(QCoreApplication::arguments()));
     }
 
+    keepLargeBuffersInTheHeap();
     QApplication app(argc, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("org.cxfcompare.CxFCompare"));
     installTranslators(app);

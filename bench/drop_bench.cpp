@@ -9,6 +9,7 @@
 #include "AppDelegate.h"
 #include "BkgndColorView.h"
 #include "MainInterface.h"
+#include "MemoryTuning.h"
 #include "cxf_project.h"
 
 #include <QApplication>
@@ -65,6 +66,7 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
+    keepLargeBuffersInTheHeap(); // as the application does
     QApplication app(argc, argv);
     const int drops = argc > 1 ? std::max(2, std::atoi(argv[1])) : 15;
 

@@ -34,14 +34,6 @@ QByteArray utf8Text(const QByteArray &bytes)
     return bytes;
 }
 
-QByteArray documentTextAt(const QString &path)
-{
-    const std::optional<std::string> text = readDocumentText(QFile::encodeName(path).toStdString());
-    if (!text)
-        return {};
-    return text->empty() ? QByteArray("") : QByteArray(text->data(), qsizetype(text->size()));
-}
-
 } // namespace
 
 BkgndColorView::BkgndColorView(QWidget *parent)
@@ -90,6 +82,17 @@ void BkgndColorView::sendText(const QByteArray &text)
         m_delegate->parseXML(text, this);
 }
 
+void BkgndColorView::sendDocumentAt(const QString &path)
+{
+    const std::optional<std::string> text = readDocumentText(QFile::encodeName(path).toStdString());
+    if (!text)
+        return sendText(QByteArray());
+    // The delegate reads the bytes in place: they live until it returns, and a copy of a large
+    // project would cost as much as reading it.
+    sendText(text->empty() ? QByteArray("")
+                           : QByteArray::fromRawData(text->data(), qsizetype(text->size())));
+}
+
 void BkgndColorView::dropViewTakeDataFromPasteboard(QVFileDropView *, const QMimeData *pasteboard,
                                                     QObject *sender)
 {
@@ -104,7 +107,7 @@ void BkgndColorView::dropViewTakeDataFromPasteboard(QVFileDropView *, const QMim
             QApplication::beep();
             return;
         }
-        sendText(documentTextAt(path));
+        sendDocumentAt(path);
     } else if (types.contains(QLatin1String(kQVPromisedFileURLType))) {
         const QUrl url = readFileURLPromiseOfType(pasteboard, QString(), sender);
         if (url.isEmpty())
@@ -123,7 +126,7 @@ void BkgndColorView::dropViewTakeFiles(QVFileDropView *, const std::optional<QLi
 {
     if (!files || files->isEmpty())
         return;
-    sendText(documentTextAt(files->first().toLocalFile())); // further files are ignored
+    sendDocumentAt(files->first().toLocalFile()); // further files are ignored
 }
 
 void BkgndColorView::paintEvent(QPaintEvent *)

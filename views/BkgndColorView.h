@@ -54,6 +54,7 @@ protected:
 
 private:
     void sendText(const QByteArray &text);
+    void sendDocumentAt(const QString &path); // strict UTF-8, a null text when unreadable
 
     LabColor m_labColor{0, 0, 0, 0};
     QString m_swatchLabel;
