@@ -50,14 +50,11 @@ TEST(DegenerateInputs, EveryFunctionEnds)
             EXPECT_TRUE(anyNaN || std::isnan(c) || inUnitRange(c));
         EXPECT_TRUE(std::isnan(sRGB_from_XYZ({d[0], d[1], d[2], 1}).r) ||
                     inUnitRange(sRGB_from_XYZ({d[0], d[1], d[2], 1}).r));
-        rgb_saturate(&other);
-        rgb_premultiply_alpha(&other);
-        rgb_unpremultiply_alpha(&other);
-        rgb_sRGB_to_linear(&other);
+        for (void (*f)(RGBColor *) : {rgb_saturate, rgb_premultiply_alpha, rgb_unpremultiply_alpha,
+                                      rgb_sRGB_to_linear, rgb_linear_to_Rec709})
+            f(&other);
         rgb_display_gamma_to_linear(&other, d[3]);
-        uint8_t c8[4];
         uint16_t c16[4];
-        rgb_float_to_chars(&c8[0], &c8[1], &c8[2], &c8[3], rgb);
         rgb_float_to_shorts(&c16[0], &c16[1], &c16[2], &c16[3], rgb);
         (void)rgb_char_from_rgb_float(rgb);
         (void)lightness_from_luminance(d[0], d[1]);
@@ -73,11 +70,8 @@ TEST(DegenerateInputs, EveryFunctionEnds)
             }
         }
         // Conversions and the colour-managed swatch colour.
-        (void)XYZ_from_Lab(lab);
-        (void)Lab_from_XYZ({d[0], d[1], d[2], 1});
-        (void)XYZ_from_Luv({d[0], d[1], d[2], 1});
-        (void)XYZ_from_Luv_Bruce({d[0], d[1], d[2], 1});
-        (void)Luv_from_LSHuv(LSHuv_from_Luv({d[0], d[1], d[2], 1}));
+        (void)Lab_from_XYZ(XYZ_from_Lab(lab));
+        (void)XYZ_from_Luv_Bruce(Luv_from_LSHuv(LSHuv_from_Luv({d[0], d[1], d[2], 1})));
         double m[9] = {d[0], 0, 0, 0, d[1], 0, 0, 0, d[2]}, inverse[9];
         (void)invert_3x3_matrix(inverse, m);
         (void)rgb_from_LCHuv_using_matrix(m, {d[0], d[1], d[2], 1});

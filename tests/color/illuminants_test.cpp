@@ -109,7 +109,7 @@ TEST(Illuminants, DaylightBasisGivesThePublishedD65)
     const SpectrumBuffer rounded = create_spectrum_for_CIE_D_illuminant_xy(
         300, 830, 5, 0.31273218603656117, 0.3291372783929711);
     const SpectrumBuffer nominal = create_spectrum_for_CIE_D_illuminant_temp(300, 830, 5, 6500);
-    const CsvTable csv = readCieCsv("cie_illuminant_D65_5nm.csv");
+    const CsvTable csv = readCsv(CXF_SOURCE_DIR "/data/cie/cie_illuminant_D65_5nm.csv");
     ASSERT_TRUE(rounded && nominal);
     ASSERT_EQ(csv.rows.size(), 107u);
     for (size_t i = 0; i < 107; ++i) {
@@ -167,7 +167,7 @@ template <typename Row, size_t N>
 void expectTableEqualsCsv(const Row (&table)[N], const std::string &csvName)
 {
     SCOPED_TRACE(csvName);
-    const CsvTable csv = readCieCsv(csvName);
+    const CsvTable csv = readCsv(CXF_SOURCE_DIR "/data/cie/" + csvName);
     ASSERT_EQ(csv.rows.size(), N) << "cannot read data/cie/" << csvName;
     for (size_t i = 0; i < N; ++i) {
         Values printed;

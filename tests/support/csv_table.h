@@ -54,12 +54,6 @@ inline CsvTable readCsv(const std::string &path)
     return table;
 }
 
-// The published CIE tables in data/cie/ (see docs/references.md).
-inline CsvTable readCieCsv(const std::string &fileName)
-{
-    return readCsv(std::string(CXF_SOURCE_DIR) + "/data/cie/" + fileName);
-}
-
 // The double a field denotes, parsed as strtod does.
 inline double csvDouble(const std::string &field)
 {

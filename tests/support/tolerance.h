@@ -9,16 +9,12 @@
 #include <cstdio>
 #include <string>
 
-// Published figures printed to four decimals (Sharma's ΔE00 table, CIE 15 tables).
-inline constexpr double kTolPublished4 = 5e-5 + 1e-12;
 // Published figures printed to five decimals (CIE 15 white points, Robertson's table).
 inline constexpr double kTolPublished5 = 5e-6 + 1e-12;
 // A reference value worked out by hand to about ten significant digits.
 inline constexpr double kTolReference = 1e-9;
 // Conversions there and back in double precision.
 inline constexpr double kTolRoundTrip = 1e-12;
-// Exact up to the last few bits of a double.
-inline constexpr double kTolUlps = 1e-15;
 
 inline ::testing::AssertionResult closeWithin(const char *actualExpr, const char *expectedExpr,
                                               const char * /*tolExpr*/, double actual,
