@@ -1,6 +1,8 @@
 #include "AppDelegate.h"
 
 #include "BkgndColorView.h"
+#include "QApplication+QVExtras.h"
+#include "QObject+QVExtras.h"
 #include "Updater.h"
 #include "UserDefaults.h"
 #include "cxf_import.h"
@@ -13,7 +15,6 @@
 #include <QLoggingCategory>
 #include <QMainWindow>
 #include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPalette>
 
@@ -91,8 +92,7 @@ AppDelegate::AppDelegate(QObject *parent) : QObject(parent)
 AppDelegate::~AppDelegate()
 {
     // Stop hearing about the preferences before anything else goes.
-    for (auto it = prefDefaults().cbegin(); it != prefDefaults().cend(); ++it)
-        UserDefaults::standardUserDefaults()->removeObserver(this, it.key());
+    unregisterObservedUserDefaults(this, prefDefaults());
     spectrum_1.reset();
     spectrum_2.reset();
     spectrum_3.reset();
@@ -103,10 +103,7 @@ AppDelegate::~AppDelegate()
 void AppDelegate::applicationWillFinishLaunching()
 {
     Updater *updater = Updater::sharedUpdater();
-    QMenuBar *mainMenu = m_window ? m_window->menuBar() : nullptr;
-    if (!mainMenu || mainMenu->actions().isEmpty())
-        return;
-    QMenu *applicationMenu = mainMenu->actions().first()->menu();
+    QMenu *applicationMenu = ::applicationMenu(m_window);
     if (!applicationMenu)
         return;
     auto *item = new QAction(tr("Check for Updates\u2026"), applicationMenu);
@@ -120,10 +117,7 @@ void AppDelegate::applicationWillFinishLaunching()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    UserDefaults *defaults = UserDefaults::standardUserDefaults();
-    for (auto it = prefDefaults().cbegin(); it != prefDefaults().cend(); ++it)
-        defaults->addObserver(
-            this, it.key(), KeyValueObservingOption::New | KeyValueObservingOption::Old, defaults);
+    registerObservedUserDefaults(this, prefDefaults());
 }
 
 void AppDelegate::observeValueForKeyPath(const QString &keyPath, QObject *, const KeyValueChange &,
@@ -134,12 +128,12 @@ void AppDelegate::observeValueForKeyPath(const QString &keyPath, QObject *, cons
         updateUI();
 }
 
-void AppDelegate::parseXML(const QString &text, BkgndColorView *sender)
+void AppDelegate::parseXML(const QByteArray &text, BkgndColorView *sender)
 {
-    // A null text (the swatch could not read the file) is no XML at all.
-    const QByteArray utf8 = text.toUtf8();
+    // A null text (the swatch could not read the file, or it was not UTF-8) is no XML at all.
     const CxFImportOutcome outcome =
-        importCxFDocument(std::string_view(utf8.constData(), size_t(utf8.size())));
+        text.isNull() ? importUnreadableDocument({})
+                      : importCxFDocument(std::string_view(text.constData(), size_t(text.size())));
     if (!outcome.logLine.empty())
         qCInfo(lcImport).noquote()
             << QString::fromUtf8(outcome.logLine.data(), qsizetype(outcome.logLine.size()));

@@ -48,7 +48,7 @@ public:
                                 const KeyValueChange &change, void *context) override;
 
     // A swatch's document text; the sample it sets follows from which swatch sent it.
-    void parseXML(const QString &text, BkgndColorView *sender) override;
+    void parseXML(const QByteArray &text, BkgndColorView *sender) override;
 
     // Shows an accepted sample on the swatch that sent it and, for dragView1 or dragView2,
     // stores it as sample 1 or 2 and recomputes. Any other sender gets colour and caption only.
@@ -56,6 +56,17 @@ public:
 
     void calcDeltaE();
     void updateUI();
+
+    // Chart of reference light sources (AppDelegateChart.cpp). demoSpectrums() computes the five
+    // curves, setupChart() builds chartWindow from them, and the two data-source calls serve the
+    // plots, named by identifier: "BB", "D50", "D65", "D75", "CIE D65".
+    enum ScatterPlotField : unsigned { ScatterPlotFieldX = 0, ScatterPlotFieldY = 1 };
+    void demoSpectrums();
+    void setupChart();
+    unsigned numberOfRecordsForPlot(const QString &plot) const;
+    QVariant numberForPlot(const QString &plot, unsigned field, unsigned recordIndex) const;
+    // Builds the chart the first time, then brings its window to the front.
+    void showReferenceSpectra();
 
     // State, for the window and for tests.
     bool isSample1Defined() const { return samples.lab_1_defined; }

@@ -44,6 +44,8 @@ std::unique_ptr<QMainWindow> loadMainInterface(AppDelegate &controller)
     QObject::connect(ui.actionAbout, &QAction::triggered, parent, [parent] { showAbout(parent); });
     QObject::connect(ui.actionPreferences, &QAction::triggered, parent,
                      [parent] { PreferencesDialog::showShared(parent); });
+    QObject::connect(ui.actionReferenceSpectra, &QAction::triggered, &controller,
+                     &AppDelegate::showReferenceSpectra);
     QObject::connect(ui.actionQuit, &QAction::triggered, qApp, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     return window;

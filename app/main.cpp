@@ -3,6 +3,7 @@
 #include "AppDelegate.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
+#include "document_reading.h"
 
 #include <QApplication>
 #include <QFile>
@@ -28,10 +29,10 @@ int main(int argc, char *argv[])
     // "cxf-compare reference.cxf sample.cxf" opens the documents as if dropped on the swatches.
     const QStringList documents = app.arguments().mid(1, 2);
     for (qsizetype i = 0; i < documents.size(); ++i) {
-        QFile file(documents.at(i));
-        const QString text =
-            file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-        controller.parseXML(text, i == 0 ? controller.dragView1() : controller.dragView2());
+        const std::optional<std::string> text =
+            readDocumentText(QFile::encodeName(documents.at(i)).toStdString());
+        controller.parseXML(text ? QByteArray::fromStdString(*text) : QByteArray(),
+                            i == 0 ? controller.dragView1() : controller.dragView2());
     }
     probeLaunchWhenShown(window.get());
     return app.exec();

@@ -2,6 +2,7 @@
 
 #include "BkgndColorViewDelegate.h"
 #include "QColor+QVExtras.h"
+#include "document_reading.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -132,10 +133,7 @@ void BkgndColorView::dropEvent(QDropEvent *event)
         return;
     }
     event->acceptProposedAction();
-    QFile file(path);
-    QString text;
-    if (file.open(QIODevice::ReadOnly))
-        text = QString::fromUtf8(file.readAll());
+    const std::optional<std::string> text = readDocumentText(QFile::encodeName(path).toStdString());
     if (m_delegate)
-        m_delegate->parseXML(text, this);
+        m_delegate->parseXML(text ? QByteArray::fromStdString(*text) : QByteArray(), this);
 }

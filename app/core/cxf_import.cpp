@@ -161,6 +161,11 @@ CxFImportOutcome importCxFDocument(std::string_view text)
     return readColors(*colors, std::move(caption));
 }
 
+CxFImportOutcome importUnreadableDocument(std::string detail)
+{
+    return invalidXMLData(std::move(detail));
+}
+
 std::string_view refusalMessage(const CxFImportOutcome &outcome)
 {
     if (outcome.accepted())

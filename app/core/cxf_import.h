@@ -131,6 +131,11 @@ struct CxFImportOutcome {
 // (51.229999542236328, −3.4500000476837158, 12.100000381469727, 1), patchCount 1.
 CxFImportOutcome importCxFDocument(std::string_view text);
 
+// The outcome for a document that gave no text (document_reading.h: unreadable, not a regular
+// file, too large, not UTF-8): refused as invalid XML data, as the import refuses a nil text;
+// detail says why.
+CxFImportOutcome importUnreadableDocument(std::string detail);
+
 // The text that says why a refused document was refused: its log line, or the alert message,
 // or kNoColorMessage. Empty for an accepted one.
 std::string_view refusalMessage(const CxFImportOutcome &outcome);

@@ -1,14 +1,10 @@
 #include "cxf_delta_report.h"
 
+#include "document_reading.h"
 #include "sample_routing.h"
 
-#include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -36,36 +32,6 @@ std::string jsonNumber(double value, bool isFloat)
     if (std::isinf(value))
         return value > 0 ? "\"Infinity\"" : "\"-Infinity\"";
     return isFloat ? floatText(static_cast<float>(value)) : doubleText(value);
-}
-
-// Length of the valid UTF-8 sequence at text[i], or 0.
-std::size_t utf8SequenceLength(const std::string &text, std::size_t i)
-{
-    const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[i + k]); };
-    const unsigned char lead = byte(0);
-    std::size_t length = 0;
-    unsigned char low = 0x80, high = 0xbf; // range of the second byte
-    if (lead < 0x80)
-        return 1;
-    if (lead >= 0xc2 && lead <= 0xdf)
-        length = 2;
-    else if (lead >= 0xe0 && lead <= 0xef) {
-        length = 3;
-        low = lead == 0xe0 ? 0xa0 : 0x80;
-        high = lead == 0xed ? 0x9f : 0xbf;
-    } else if (lead >= 0xf0 && lead <= 0xf4) {
-        length = 4;
-        low = lead == 0xf0 ? 0x90 : 0x80;
-        high = lead == 0xf4 ? 0x8f : 0xbf;
-    } else {
-        return 0;
-    }
-    if (i + length > text.size() || byte(1) < low || byte(1) > high)
-        return 0;
-    for (std::size_t k = 2; k < length; ++k)
-        if (byte(k) < 0x80 || byte(k) > 0xbf)
-            return 0;
-    return length;
 }
 
 // A JSON string; bytes that are not valid UTF-8 (a file name can hold any) become U+FFFD.
@@ -126,8 +92,6 @@ const char *verdictName(Verdict verdict)
 
 std::string SampleReport::message() const
 {
-    if (!readable)
-        return fileError;
     return std::string(refusalMessage(outcome));
 }
 
@@ -135,37 +99,9 @@ SampleReport readSample(const std::string &file)
 {
     SampleReport sample;
     sample.file = file;
-    std::error_code ignored;
-    if (std::filesystem::is_directory(file, ignored)) {
-        sample.readable = false;
-        sample.fileError = std::string("cannot read the file: ") + std::strerror(EISDIR);
-        return sample;
-    }
-    std::ifstream in(file, std::ios::binary);
-    if (!in) {
-        sample.readable = false;
-        sample.fileError = std::string("cannot read the file: ") + std::strerror(errno);
-        return sample;
-    }
-    // Read in pieces up to one byte past the limit, whatever the file claims its size is.
-    std::string text;
-    constexpr std::size_t kPiece = std::size_t{1} << 20;
-    while (in && text.size() <= kMaxCxFDocumentBytes) {
-        const std::size_t start = text.size();
-        text.resize(start + std::min(kPiece, kMaxCxFDocumentBytes + 1 - start));
-        in.read(text.data() + start, static_cast<std::streamsize>(text.size() - start));
-        text.resize(start + static_cast<std::size_t>(in.gcount()));
-    }
-    if (in.bad()) {
-        sample.readable = false;
-        sample.fileError = std::string("cannot read the file: ") + std::strerror(errno);
-        return sample;
-    }
-    sample.outcome = importCxFDocument(text);
-    if (text.size() > kMaxCxFDocumentBytes) {
-        sample.outcome.detail = "the file is larger than the limit of " +
-                                std::to_string(kMaxCxFDocumentBytes) + " bytes";
-    }
+    const DocumentReading reading = readDocument(file);
+    sample.outcome = reading.text ? importCxFDocument(*reading.text)
+                                  : importUnreadableDocument(reading.description());
     return sample;
 }
 
@@ -263,13 +199,13 @@ std::string formatRefusals(const DeltaReport &report)
         if (sample.accepted())
             continue;
         const CxFImportOutcome &outcome = sample.outcome;
-        if (sample.readable && outcome.alert) {
+        if (outcome.alert) {
             text += sample.file + ": " + std::string(outcome.alert->title) + " " +
                     std::string(outcome.alert->message) + "\n";
         } else {
             text += sample.file + ": " + sample.message() + "\n";
         }
-        if (sample.readable && !outcome.detail.empty())
+        if (!outcome.detail.empty())
             text += sample.file + ": " + outcome.detail + "\n";
     }
     return text;

@@ -13,12 +13,10 @@
 // One document as read.
 struct SampleReport {
     std::string file;
-    bool readable = true;     // false: the file could not be read at all
-    std::string fileError;    // why, when not readable
-    CxFImportOutcome outcome; // meaningful when readable
+    CxFImportOutcome outcome; // an unreadable file is refused as invalid XML data
 
-    bool accepted() const { return readable && outcome.accepted(); }
-    // The refusal text: the log line or alert message, or the read error.
+    bool accepted() const { return outcome.accepted(); }
+    // The refusal text: the log line or alert message.
     std::string message() const;
 };
 
@@ -36,8 +34,8 @@ inline constexpr int kExitMismatch = 1;
 inline constexpr int kExitRefused = 2; // a document refused or unreadable
 inline constexpr int kExitUsage = 64;
 
-// Reads a file of at most kMaxCxFDocumentBytes (a larger one is passed on cut to one byte past
-// the limit, which the import refuses as invalid XML) and imports it.
+// Reads the file as the window does (document_reading.h) and imports it; a file that gives no
+// text is refused as invalid XML data, with the reason in outcome.detail.
 SampleReport readSample(const std::string &file);
 
 // Document A is sample 1, the reference; B is sample 2. Differences, verdict and highlight as

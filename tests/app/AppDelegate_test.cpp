@@ -40,10 +40,10 @@ QColor neutral()
     return QApplication::palette().color(QPalette::Base);
 }
 
-QString sampleDocument(const char *name)
+QByteArray sampleDocument(const char *name)
 {
     QFile file(QStringLiteral(CXF_SOURCE_DIR "/data/samples/") + QLatin1String(name));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 class AppDelegateTest : public ::testing::Test
@@ -176,8 +176,8 @@ TEST_F(AppDelegateTest, DocumentsSetTheSwatchesAndRefusedOnesChangeNothing)
     EXPECT_FALSE(shown.isEmpty());
 
     controller->parseXML(sampleDocument("d65-measurement.cxf"), controller->dragView2());
-    for (const QString &bad : {QStringLiteral("<CxF:CxF><unclosed>"), QString(),
-                               QStringLiteral("<CxF:CxF><x>1</x></CxF:CxF>")})
+    for (const QByteArray &bad : {QByteArray("<CxF:CxF><unclosed>"), QByteArray(),
+                                  QByteArray("<CxF:CxF><x>1</x></CxF:CxF>")})
         controller->parseXML(bad, controller->dragView2());
     // Only the measurement conditions raise an alert.
     EXPECT_EQ(alerts, (QStringList{

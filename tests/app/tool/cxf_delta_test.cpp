@@ -11,9 +11,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <vector>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -54,7 +58,11 @@ protected:
         QProcess tool;
         tool.setProcessEnvironment(env);
         tool.start(QStringLiteral(CXF_DELTA_PATH), list);
-        EXPECT_TRUE(tool.waitForFinished(30000));
+        if (!tool.waitForFinished(20000)) {
+            ADD_FAILURE() << "cxf-delta did not finish";
+            tool.kill();
+            tool.waitForFinished();
+        }
         return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
                 tool.readAllStandardOutput().toStdString(),
                 tool.readAllStandardError().toStdString()};
@@ -125,19 +133,32 @@ TEST_F(CxfDelta, ExitStatusFollowsTheVerdictAndTheTolerance)
 
 TEST_F(CxfDelta, RefusedDocumentsExitTwoAndUsageErrorsSixtyFour)
 {
-    const std::pair<std::string, std::string> refused[] = {
+    // Files that cannot be read as UTF-8 text are refused as the window refuses them, without
+    // being read when they are not regular files or too large (none of these may hang).
+    const std::string fifo = home.filePath(QStringLiteral("fifo.cxf")).toStdString(),
+                      big = home.filePath(QStringLiteral("big.cxf")).toStdString();
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    std::ofstream(big).close();
+    std::filesystem::resize_file(big, (std::uintmax_t{64} << 20) + 1);
+    const std::string invalid = "Invalid XML data";
+    const std::tuple<std::string, std::string, std::string> refused[] = {
         {kSamples + "d65-measurement.cxf",
-         "The Lab colors were not specified with D50 illuminant and 2° observer."},
-        {kDefects + "unbalanced-tags.cxf", "Invalid XML data"},
-        {kDefects + "no-color.cxf", "No 'Color' key in XML data"},
-        {kDefects + "no-such-file.cxf", "cannot read the file: No such file or directory"},
-        {kDefects, "cannot read the file: Is a directory"},
+         "The Lab colors were not specified with D50 illuminant and 2° observer.", ""},
+        {kDefects + "unbalanced-tags.cxf", invalid, ""},
+        {kDefects + "no-color.cxf", "No 'Color' key in XML data", ""},
+        {kDefects + "no-such-file.cxf", invalid, "No such file or directory"},
+        {kDefects, invalid, "not a regular file"},
+        {kDefects + "invalid-utf8.cxf", invalid, "not UTF-8"},
+        {fifo, invalid, "not a regular file"},
+        {"/dev/zero", invalid, "not a regular file"},
+        {big, invalid, "larger than the limit of 67108864 bytes"},
     };
-    for (const auto &[file, message] : refused) {
+    for (const auto &[file, message, detail] : refused) {
         SCOPED_TRACE(file);
         const ToolRun r = run({a, file, "--json"});
         EXPECT_EQ(r.status, 2);
         EXPECT_NE(r.err.find(file + ": " + message), std::string::npos) << r.err;
+        EXPECT_NE(r.err.find(detail), std::string::npos) << r.err;
         EXPECT_EQ(at(r.json(), "samples.1.message").toString(), QString::fromStdString(message));
         EXPECT_TRUE(at(r.json(), "delta_E").isNull());
     }

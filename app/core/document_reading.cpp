@@ -1,0 +1,149 @@
+#include "document_reading.h"
+
+#include "cxf_import.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+DocumentReading failed(DocumentProblem problem, int error = 0)
+{
+    DocumentReading reading;
+    reading.problem = problem;
+    reading.error = error;
+    return reading;
+}
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int fd) : m_fd(fd) {}
+    ~Descriptor()
+    {
+        if (m_fd >= 0)
+            ::close(m_fd);
+    }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    int get() const { return m_fd; }
+
+private:
+    int m_fd;
+};
+
+} // namespace
+
+std::string DocumentReading::description() const
+{
+    switch (problem) {
+    case DocumentProblem::None:
+        return {};
+    case DocumentProblem::Open:
+        return std::string("cannot open the file: ") + std::strerror(error);
+    case DocumentProblem::NotRegularFile:
+        return "not a regular file";
+    case DocumentProblem::TooLarge:
+        return "the file is larger than the limit of " + std::to_string(kMaxCxFDocumentBytes) +
+               " bytes";
+    case DocumentProblem::Read:
+        return std::string("cannot read the file: ") + std::strerror(error);
+    case DocumentProblem::InvalidUtf8:
+        return "the file is not UTF-8 text";
+    }
+    return {};
+}
+
+DocumentReading readDocument(const std::string &path)
+{
+    // Non-blocking, so that opening a FIFO without a writer returns at once; the descriptor is
+    // then looked at before a byte is read.
+    const Descriptor fd(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (fd.get() < 0)
+        return failed(DocumentProblem::Open, errno);
+    struct stat info {
+    };
+    if (::fstat(fd.get(), &info) != 0)
+        return failed(DocumentProblem::Read, errno);
+    if (!S_ISREG(info.st_mode))
+        return failed(DocumentProblem::NotRegularFile);
+    if (info.st_size < 0 || std::uintmax_t(info.st_size) > kMaxCxFDocumentBytes)
+        return failed(DocumentProblem::TooLarge);
+
+    // The size is a hint only: the file may grow or shrink while it is read.
+    std::string text;
+    text.reserve(std::size_t(info.st_size));
+    constexpr std::size_t kPiece = std::size_t{1} << 16;
+    for (;;) {
+        const std::size_t start = text.size();
+        const std::size_t want = std::min(kPiece, kMaxCxFDocumentBytes + 1 - start);
+        text.resize(start + want);
+        const ssize_t got = ::read(fd.get(), text.data() + start, want);
+        if (got < 0 && errno == EINTR) {
+            text.resize(start);
+            continue;
+        }
+        if (got < 0)
+            return failed(DocumentProblem::Read, errno);
+        text.resize(start + std::size_t(got));
+        if (text.size() > kMaxCxFDocumentBytes)
+            return failed(DocumentProblem::TooLarge);
+        if (got == 0)
+            break;
+    }
+    if (!isValidUtf8(text))
+        return failed(DocumentProblem::InvalidUtf8);
+    DocumentReading reading;
+    reading.text = std::move(text);
+    return reading;
+}
+
+std::optional<std::string> readDocumentText(const std::string &path)
+{
+    return readDocument(path).text;
+}
+
+std::size_t utf8SequenceLength(std::string_view text, std::size_t i)
+{
+    const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[i + k]); };
+    const unsigned char lead = byte(0);
+    std::size_t length = 0;
+    unsigned char low = 0x80, high = 0xbf; // range of the second byte
+    if (lead < 0x80)
+        return 1;
+    if (lead >= 0xc2 && lead <= 0xdf) {
+        length = 2;
+    } else if (lead >= 0xe0 && lead <= 0xef) {
+        length = 3;
+        low = lead == 0xe0 ? 0xa0 : 0x80;  // no overlong forms
+        high = lead == 0xed ? 0x9f : 0xbf; // no surrogates
+    } else if (lead >= 0xf0 && lead <= 0xf4) {
+        length = 4;
+        low = lead == 0xf0 ? 0x90 : 0x80;
+        high = lead == 0xf4 ? 0x8f : 0xbf; // nothing past U+10FFFF
+    } else {
+        return 0;
+    }
+    if (i + length > text.size() || byte(1) < low || byte(1) > high)
+        return 0;
+    for (std::size_t k = 2; k < length; ++k)
+        if (byte(k) < 0x80 || byte(k) > 0xbf)
+            return 0;
+    return length;
+}
+
+bool isValidUtf8(std::string_view text)
+{
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t length = utf8SequenceLength(text, i);
+        if (length == 0)
+            return false;
+        i += length;
+    }
+    return true;
+}
