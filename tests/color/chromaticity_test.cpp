@@ -1,7 +1,6 @@
 // Chromaticity diagrams and correlated colour temperature: tests/data/reference/
 // chromaticity.csv, round trips, the spectral locus and Robertson's published locus points.
 #include "chromaticity.h"
-#include "data/cie1931_spectral_locus_xy_1nm.h"
 #include "data/robertson_isotemperature_lines.h"
 
 #include "csv_table.h"
@@ -63,17 +62,6 @@ TEST(Chromaticity, DiagramsRoundTripOverAGrid)
             }
             EXPECT_CLOSE(CIE_1976_upvp_from_1960_uv(uv.u, uv.v).vp, upvp.vp, kTolRoundTrip);
         }
-}
-
-TEST(Chromaticity, PointsJustInsideAndOutsideTheLocusFrom400To680nm)
-{
-    // Moving 1 % of the way towards the equal-energy white is inside; 1 % away is outside.
-    for (size_t i = 40; i <= 320; i += 10) {
-        const LocusChromaticity &p = gCIE1931_nm_xy[i];
-        const double dx = p.x - 1.0 / 3, dy = p.y - 1.0 / 3;
-        EXPECT_TRUE(xy_inside_CIE1931_locus(p.x - 0.01 * dx, p.y - 0.01 * dy)) << p.wavelength;
-        EXPECT_FALSE(xy_inside_CIE1931_locus(p.x + 0.01 * dx, p.y + 0.01 * dy)) << p.wavelength;
-    }
 }
 
 TEST(Chromaticity, PlanckianFitsAndRobertsonFollowThePublishedLocusPoints)

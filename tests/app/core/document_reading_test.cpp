@@ -2,7 +2,7 @@
 // nothing else is read at all (a FIFO without a writer or /dev/zero would block or never end).
 #include "document_reading.h"
 
-#include "cie_csv.h"
+#include "csv_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,3 @@
+#pragma once
+// The former name of csv_table.h.
+#include "csv_table.h"
