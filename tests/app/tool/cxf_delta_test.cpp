@@ -151,7 +151,8 @@ TEST_F(CxfDelta, RefusedDocumentsExitTwoAndUsageErrorsSixtyFour)
         SCOPED_TRACE(file);
         const ToolRun r = run({a, file, "--json"});
         EXPECT_EQ(r.status, 2);
-        EXPECT_NE(r.err.find(file + ": " + message), std::string::npos) << r.err;
+        EXPECT_EQ(r.err.rfind(file + ": ", 0), 0u) << r.err;
+        EXPECT_NE(r.err.find(message), std::string::npos) << r.err;
         EXPECT_NE(r.err.find(detail), std::string::npos) << r.err;
         EXPECT_EQ(at(r.json(), "samples.1.message").toString(), QString::fromStdString(message));
         EXPECT_TRUE(at(r.json(), "delta_E").isNull());
