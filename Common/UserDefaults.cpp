@@ -1,5 +1,7 @@
 #include "UserDefaults.h"
 
+#include "preferences.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -53,7 +55,12 @@ QVariant UserDefaults::objectForKey(const QString &key) const
 
 float UserDefaults::floatForKey(const QString &key) const
 {
-    return objectForKey(key).toFloat();
+    // A text (how the settings file holds every number) is read leniently, as the platform
+    // reads a string's float value.
+    const QVariant value = objectForKey(key);
+    if (value.typeId() != QMetaType::QString)
+        return value.toFloat();
+    return floatFromStoredText(value.toString().toStdString());
 }
 
 double UserDefaults::doubleForKey(const QString &key) const

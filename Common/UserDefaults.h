@@ -49,6 +49,10 @@ public:
     // Writes pending changes and reloads what others wrote; observers hear what changed.
     bool synchronize();
 
+    // After a change (each is written at once): AccessError when the settings file could not
+    // be written, so the change lasts only as long as this process.
+    QSettings::Status status() const { return m_settings->status(); }
+
     void addObserver(KeyValueObserver *observer, const QString &keyPath,
                      KeyValueObservingOptions options, void *context);
     // Removes the observations of keyPath by observer (with any context).

@@ -3,6 +3,7 @@
 #include "AppDelegate.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
+#include "Translations.h"
 #include "document_reading.h"
 
 #include <QApplication>
@@ -17,7 +18,8 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("CxF Compare"));
     QCoreApplication::setApplicationVersion(QStringLiteral(CXF_VERSION));
-    QGuiApplication::setDesktopFileName(QStringLiteral("cxf-compare"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.cxfcompare.CxFCompare"));
+    installTranslators(app);
 
     AppDelegate controller;
     const std::unique_ptr<QMainWindow> window = loadMainInterface(controller);

@@ -21,14 +21,33 @@ float largest_float_below(float v)
     return std::nextafter(v, 0.0f);
 }
 
-// Adds whole turns while v < 0. The loop is meant for angles within a few turns; a value so
-// far below that adding a turn no longer changes it is first brought near by fmod.
+// while (v < 0) v += turn, with the very result of that loop, without taking |v| / turn
+// steps. Within one binade of v every sum v + turn rounds by the same step (after at most one
+// step a tie to even settles on the same parity), so the steps that stay clear of the binade
+// below are taken at once; near a binade's lower edge, where the spacing halves, one at a time.
+// Where adding a turn no longer changes v the loop would never end: the remainder is taken.
 double lift_by_turns(double v, double turn)
 {
-    if (v < -1e6 * turn)
-        v = std::fmod(v, turn);
-    while (v < 0)
-        v += turn;
+    double step = 0;
+    while (v < 0) {
+        const double next = v + turn;
+        if (next == v) {
+            v = std::fmod(v, turn);
+            return v < 0 ? v + turn : v;
+        }
+        int exponent = 0;
+        std::frexp(v, &exponent);
+        const double bottom = std::ldexp(1.0, exponent - 1); // |v| lies in [bottom, 2·bottom)
+        const bool sameStep = next - v == step && -next >= bottom;
+        step = next - v;
+        v = next;
+        if (!sameStep)
+            continue;
+        const double spacing = std::ldexp(1.0, exponent - 53); // of the doubles in the binade
+        const double steps = std::floor((-v - bottom - spacing) / step);
+        if (steps > 0)
+            v += steps * step; // exact: a multiple of the spacing within the binade
+    }
     return v;
 }
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and the tests need, and only those that are missing.
+# With --list it only prints the packages, one a line (the setup test reads them from here).
 set -euo pipefail
 
 packages=(
@@ -7,9 +8,16 @@ packages=(
     qt6-base-dev qt6-base-dev-tools qt6-charts-dev libqt6opengl6-dev qt6-qpa-plugins libgl-dev
     libexpat1-dev liblcms2-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    xvfb xauth xdotool icc-profiles-free
+    libxcb1-dev xvfb xauth xdotool icc-profiles-free
+    qt6-tools-dev qt6-l10n-tools qt6-translations-l10n
+    desktop-file-utils appstream shared-mime-info dpkg-dev man-db
     clang clang-format libclang-rt-14-dev git
 )
+
+if [ "${1:-}" = --list ]; then
+    printf '%s\n' "${packages[@]}"
+    exit 0
+fi
 
 missing=()
 for p in "${packages[@]}"; do

@@ -51,7 +51,8 @@ BkgndColorView::~BkgndColorView() = default;
 void BkgndColorView::setLabColor(LabColor labColor)
 {
     m_labColor = labColor;
-    m_color = colorWithCalibratedD50L(labColor.L, labColor.a, labColor.b, labColor.alpha);
+    m_color =
+        colorWithCalibratedD50L(labColor.L, labColor.a, labColor.b, labColor.alpha).toQColor();
     m_labLabel =
         QString::asprintf("D50 L*a*b*: %.3f, %.3f, %.3f", labColor.L, labColor.a, labColor.b);
     // Chosen on L alone, on purpose: light samples get black text.

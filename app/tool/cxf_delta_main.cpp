@@ -1,4 +1,4 @@
-// cxf-delta A.cxf B.cxf [--tolerance T] [--json]
+// cxf-delta A.cxf B.cxf [--tolerance T] [--json] | --version | --help
 // Compares two CxF documents the way CxF Compare does, with document A as sample 1.
 #include "cxf_delta_report.h"
 #include "tolerance_setting.h"
@@ -24,6 +24,7 @@ constexpr char kUsage[] =
     "  --tolerance T  largest delta E that still counts as a match (default: the\n"
     "                 application's preference delta_E_CMC_tolerance, 2.5 unless changed)\n"
     "  --json         print one JSON object instead of text\n"
+    "  --version      print the version\n"
     "  -h, --help     print this text\n"
     "\n"
     "Exit status: 0 match or identical samples, 1 mismatch, 2 a document refused or\n"
@@ -35,12 +36,13 @@ int usageError(const std::string &problem)
     return kExitUsage;
 }
 
-// A finite decimal number taking the whole argument.
+// A finite, non-negative decimal number taking the whole argument.
 bool parseTolerance(std::string_view text, float &tolerance)
 {
     const char *end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, tolerance);
-    return result.ec == std::errc() && result.ptr == end && std::isfinite(tolerance);
+    return result.ec == std::errc() && result.ptr == end && std::isfinite(tolerance) &&
+           tolerance >= 0;
 }
 
 } // namespace
@@ -60,6 +62,9 @@ int main(int argc, char **argv)
             optionsEnded = true;
         } else if (argument == "-h" || argument == "--help") {
             std::fputs(kUsage, stdout);
+            return 0;
+        } else if (argument == "--version") {
+            std::puts("cxf-delta " CXF_VERSION);
             return 0;
         } else if (argument == "--json") {
             json = true;

@@ -146,8 +146,10 @@ std::string formatText(const DeltaReport &report)
         const LabColor lab = sample.outcome.lab;
         const long n = sample.outcome.patchCount;
         text += "  caption         " + sample.outcome.caption + "\n";
-        text += "  D50 L*a*b*      " + doubleText(lab.L) + "  " + doubleText(lab.a) + "  " +
-                doubleText(lab.b) + "  (" + std::to_string(n) +
+        // Three decimals, as the swatch's caption shows them (the JSON is exact).
+        char labText[96];
+        std::snprintf(labText, sizeof labText, "%.3f, %.3f, %.3f", lab.L, lab.a, lab.b);
+        text += "  D50 L*a*b*      " + std::string(labText) + "  (" + std::to_string(n) +
                 (n == 1 ? " patch)\n" : " patches)\n");
     }
     if (!report.differences)
@@ -159,7 +161,10 @@ std::string formatText(const DeltaReport &report)
     text += "delta C           " + floatText(d.delta_C) + mark(report.highlight.chroma) + "\n";
     text += "delta H           " + floatText(d.delta_H_deg) + " degrees" +
             mark(report.highlight.hue) + "\n";
-    text += std::string("verdict           ") + verdictName(report.verdict) + " (tolerance " +
+    // The window's word: identical samples (delta E exactly 0) are "identical".
+    const char *verdict =
+        report.verdict == Verdict::Neutral ? "identical" : verdictName(report.verdict);
+    text += std::string("verdict           ") + verdict + " (tolerance " +
             floatText(report.tolerance) + ")\n";
     return text;
 }

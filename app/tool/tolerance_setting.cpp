@@ -9,5 +9,10 @@ float storedDeltaECMCTolerance()
 {
     const QSettings settings(QString::fromLatin1(kSettingsOrganization),
                              QString::fromLatin1(kSettingsApplication));
-    return settings.value(QString::fromLatin1(kToleranceKey), kDefaultTolerance).toFloat();
+    const QVariant value = settings.value(QString::fromLatin1(kToleranceKey));
+    if (!value.isValid())
+        return kDefaultTolerance;
+    if (value.typeId() != QMetaType::QString)
+        return value.toFloat();
+    return floatFromStoredText(value.toString().toStdString());
 }

@@ -37,4 +37,23 @@ TEST(ApplicationWindow, OpensWithItsFieldsAndTheUpdateItem)
     EXPECT_TRUE(lines.contains(QRegularExpression(QStringLiteral("^startup-ms: [0-9.]+$"))));
 }
 
+// Under a German locale the application loads its German translation.
+TEST(ApplicationWindow, SpeaksTheUsersLanguage)
+{
+    QTemporaryDir config;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("CXF_LAUNCH_PROBE"), QStringLiteral("1"));
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), config.path());
+    for (const char *name : {"LC_ALL", "LC_MESSAGES", "LANGUAGE"})
+        env.remove(QLatin1String(name));
+    env.insert(QStringLiteral("LANG"), QStringLiteral("de_DE.UTF-8"));
+    QProcess app;
+    app.setProcessEnvironment(env);
+    app.start(QStringLiteral(CXF_COMPARE_EXECUTABLE), {});
+    ASSERT_TRUE(app.waitForFinished(60000));
+    const QString out = QString::fromUtf8(app.readAllStandardOutput());
+    EXPECT_TRUE(out.contains(QStringLiteral("menu[3]: Nach Aktualisierungen suchen\u2026")))
+        << out.toStdString();
+}
+
 } // namespace

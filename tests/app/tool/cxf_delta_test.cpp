@@ -94,6 +94,11 @@ TEST_F(CxfDelta, ReadsTheSamplesExactlyAndDecidesAsTheWindowDoes)
     EXPECT_EQ(at(json, "tolerance").toDouble(), 2.5); // the default: no settings stored
     EXPECT_EQ(at(json, "verdict").toString(), QStringLiteral("match"));
     EXPECT_EQ(at(json, "highlight").toArray(), QJsonArray{QStringLiteral("delta_H")});
+    const ToolRun text = run({a, reds}), same = run({a, a});
+    EXPECT_NE(text.out.find("  D50 L*a*b*      49.020, 43.200, 36.430  (1 patch)\n"),
+              std::string::npos)
+        << text.out;
+    EXPECT_NE(same.out.find("verdict           identical (tolerance 2.5)\n"), std::string::npos);
 }
 
 TEST_F(CxfDelta, ExitStatusFollowsTheVerdictAndTheTolerance)
@@ -157,8 +162,11 @@ TEST_F(CxfDelta, RefusedDocumentsExitTwoAndUsageErrorsSixtyFour)
         EXPECT_EQ(at(r.json(), "samples.1.message").toString(), QString::fromStdString(message));
         EXPECT_TRUE(at(r.json(), "delta_E").isNull());
     }
-    const std::vector<std::vector<std::string>> usage = {
-        {a}, {a, a, "--frobnicate"}, {a, a, "--tolerance=2.5x"}};
+    const std::vector<std::vector<std::string>> usage = {{a},
+                                                         {a, a, "--frobnicate"},
+                                                         {a, a, "--tolerance=2.5x"},
+                                                         {a, a, "--tolerance", "-0.5"},
+                                                         {a, a, "--tolerance=inf"}};
     for (const auto &arguments : usage) {
         SCOPED_TRACE(testing::PrintToString(arguments));
         const ToolRun r = run(arguments);
@@ -167,6 +175,9 @@ TEST_F(CxfDelta, RefusedDocumentsExitTwoAndUsageErrorsSixtyFour)
                   std::string::npos);
         EXPECT_EQ(r.out, "");
     }
+    const ToolRun version = run({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out.rfind("cxf-delta 0.", 0), 0u) << version.out;
 }
 
 } // namespace
