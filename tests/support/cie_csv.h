@@ -1,3 +1,0 @@
-#pragma once
-// The former name of csv_table.h.
-#include "csv_table.h"
