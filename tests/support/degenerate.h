@@ -7,7 +7,11 @@
 #include <limits>
 
 inline constexpr std::array<double, 6> kDegenerateValues = {
-    -1, 0, 1, std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
+    -1,
+    0,
+    1,
+    std::numeric_limits<double>::infinity(),
+    -std::numeric_limits<double>::infinity(),
     std::numeric_limits<double>::quiet_NaN()};
 
 // Calls f with every combination of N degenerate values (6^N calls).
