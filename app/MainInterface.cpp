@@ -1,6 +1,7 @@
 #include "MainInterface.h"
 
 #include "AppDelegate.h"
+#include "PasteCommand.h"
 #include "PreferencesDialog.h"
 #include "ui_MainWindow.h"
 
@@ -44,6 +45,7 @@ std::unique_ptr<QMainWindow> loadMainInterface(AppDelegate &controller)
     QObject::connect(ui.actionAbout, &QAction::triggered, parent, [parent] { showAbout(parent); });
     QObject::connect(ui.actionPreferences, &QAction::triggered, parent,
                      [parent] { PreferencesDialog::showShared(parent); });
+    installPasteCommand(ui.actionPaste, ui.menuEdit);
     QObject::connect(ui.actionReferenceSpectra, &QAction::triggered, &controller,
                      &AppDelegate::showReferenceSpectra);
     QObject::connect(ui.actionQuit, &QAction::triggered, qApp, &QCoreApplication::quit,

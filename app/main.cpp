@@ -3,6 +3,7 @@
 #include "AppDelegate.h"
 #include "LaunchProbe.h"
 #include "MainInterface.h"
+#include "SwatchProbe.h"
 #include "Translations.h"
 #include "document_reading.h"
 
@@ -37,5 +38,6 @@ int main(int argc, char *argv[])
                             i == 0 ? controller.dragView1() : controller.dragView2());
     }
     probeLaunchWhenShown(window.get());
+    probeSwatchesWhenShown(controller);
     return app.exec();
 }

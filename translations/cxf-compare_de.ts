@@ -80,7 +80,46 @@
     </message>
 </context>
 <context>
+    <name>QVFileDropView</name>
+    <message>
+        <source>Drop a file here</source>
+        <translation>Datei hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop files here</source>
+        <translation>Dateien hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop a folder here</source>
+        <translation>Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop folders here</source>
+        <translation>Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop a file or folder here</source>
+        <translation>Datei oder Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop files or folders here</source>
+        <translation>Dateien oder Ordner hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop an image here</source>
+        <translation>Bild hier ablegen</translation>
+    </message>
+    <message>
+        <source>Drop images here</source>
+        <translation>Bilder hier ablegen</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
     <message>
         <source>CxF Compare</source>
         <translation>CxF Compare</translation>

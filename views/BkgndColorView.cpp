@@ -2,17 +2,19 @@
 
 #include "BkgndColorViewDelegate.h"
 #include "QColor+QVExtras.h"
+#include "QMimeData+QVExtras.h"
+#include "QPainterPath+QVExtras.h"
 #include "document_reading.h"
 
 #include <QApplication>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <QLoggingCategory>
 #include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
-#include <QUrl>
+
+Q_LOGGING_CATEGORY(lcSwatch, "qv.swatch", QtInfoMsg)
 
 namespace {
 
@@ -21,28 +23,40 @@ constexpr qreal kCaptionX = 10;
 constexpr qreal kLabLineY = 10;    // from the bottom edge, up
 constexpr qreal kSwatchLineY = 26; // 16 points above the first line
 constexpr double kBlackCaptionAboveL = 70.0;
+constexpr char kPublicCxFType[] = "com.public.cxf";
+constexpr char kXriteCxFType[] = "com.xrite.cxf";
 
-// Captions are placed from the view's lower-left corner, y up; Qt paints y down.
-QPointF fromLowerLeft(const QWidget *view, qreal x, qreal y)
+// The bytes when they are UTF-8 text, else the null array (no text).
+QByteArray utf8Text(const QByteArray &bytes)
 {
-    return {x, view->height() - y};
+    if (bytes.isNull() || !isValidUtf8(std::string_view(bytes.constData(), size_t(bytes.size()))))
+        return {};
+    return bytes;
 }
 
-QString firstLocalFile(const QMimeData *mime)
+QByteArray documentTextAt(const QString &path)
 {
-    if (!mime || !mime->hasUrls())
+    const std::optional<std::string> text = readDocumentText(QFile::encodeName(path).toStdString());
+    if (!text)
         return {};
-    const QList<QUrl> urls = mime->urls();
-    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+    return text->empty() ? QByteArray("") : QByteArray(text->data(), qsizetype(text->size()));
 }
 
 } // namespace
 
 BkgndColorView::BkgndColorView(QWidget *parent)
-    : QWidget(parent), m_swatchLabel(tr("Drop a ColorMunki color patch or project here")),
-      m_color(Qt::darkGray), m_labLabel(QStringLiteral("D50 L*a*b*: --")), m_labelColor(Qt::white)
+    : QVFileDropView(parent), m_swatchLabel(tr("Drop a ColorMunki color patch or project here")),
+      m_color(QColor::fromRgbF(1.0f / 3, 1.0f / 3, 1.0f / 3)),
+      m_labLabel(QStringLiteral("D50 L*a*b*: --")), m_labelColor(Qt::white)
 {
-    setAcceptDrops(true);
+    setDragDelegate(this);
+    setAcceptableDragUTIs({QLatin1String(kQVFileURLType), QLatin1String(kQVPromisedFileURLType),
+                           QLatin1String(kPublicCxFType), QLatin1String(kXriteCxFType)});
+    setMessage(tr("Drop a color patch or project here"));
+    setDrawMessageShadow(false);
+    setPrimaryColor(QColor::fromRgbF(0.4f, 0.4f, 0.4f, 1.0f));
+    // Reachable from the keyboard, so that a copied document can be pasted onto it.
+    setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(160, 110);
 }
 
@@ -62,79 +76,99 @@ void BkgndColorView::setLabColor(LabColor labColor)
 
 void BkgndColorView::setSwatchLabel(const QString &swatchLabel)
 {
-    if (m_swatchLabel == swatchLabel)
-        return;
-    m_swatchLabel = swatchLabel;
+    const bool changed = swatchLabel != m_swatchLabel;
+    m_swatchLabel = QString(swatchLabel.constData(), swatchLabel.size()); // a copy of its own
     setToolTip(m_swatchLabel);
     update();
-    Q_EMIT swatchLabelChanged(m_swatchLabel);
+    if (changed)
+        Q_EMIT swatchLabelChanged(m_swatchLabel);
+}
+
+void BkgndColorView::sendText(const QByteArray &text)
+{
+    if (m_delegate)
+        m_delegate->parseXML(text, this);
+}
+
+void BkgndColorView::dropViewTakeDataFromPasteboard(QVFileDropView *, const QMimeData *pasteboard,
+                                                    QObject *sender)
+{
+    if (!pasteboard)
+        return;
+    const QStringList types = pasteboard->formats();
+    if (pasteboard->hasUrls()) {
+        const QList<QUrl> urls = pasteboard->urls();
+        const QString path = urls.isEmpty() ? QString() : urls.first().toLocalFile();
+        const QFileInfo info(path);
+        if (path.isEmpty() || !info.exists() || info.isDir()) {
+            QApplication::beep();
+            return;
+        }
+        sendText(documentTextAt(path));
+    } else if (types.contains(QLatin1String(kQVPromisedFileURLType))) {
+        const QUrl url = readFileURLPromiseOfType(pasteboard, QString(), sender);
+        if (url.isEmpty())
+            return;
+        pollForPromisedFileAtPath(url.toLocalFile()); // the file arrives in dropViewTakeFiles
+    } else if (types.contains(QLatin1String(kPublicCxFType)) ||
+               types.contains(QLatin1String(kXriteCxFType))) {
+        // Always the public type, even when only the other one is there; kept as it is.
+        sendText(utf8Text(pasteboard->data(QLatin1String(kPublicCxFType))));
+    } else if (types.contains(QLatin1String(kQVFilenamesType))) {
+        qCInfo(lcSwatch) << "NSFilenamesPboardType not allowed in sandboxed apps";
+    }
+}
+
+void BkgndColorView::dropViewTakeFiles(QVFileDropView *, const std::optional<QList<QUrl>> &files)
+{
+    if (!files || files->isEmpty())
+        return;
+    sendText(documentTextAt(files->first().toLocalFile())); // further files are ignored
 }
 
 void BkgndColorView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     if (!(m_labColor.alpha > 0)) {
-        paintEmptyTarget(painter);
-        return;
+        drawDropTarget(painter);
+    } else {
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF bounds(0, 0, width(), height());
+        // The swatch's geometry is y up, as the drop target's; flipped once here.
+        painter.save();
+        painter.setTransform(QTransform(1, 0, 0, -1, 0, bounds.height()));
+        painter.fillPath(bezierPathWithRoundedRectangle(bounds, kCornerRadius), m_color);
+        painter.restore();
+
+        QFont font = QApplication::font();
+        font.setPointSizeF(10);
+        painter.setFont(font);
+        painter.setPen(m_labelColor);
+        // A caption's point is the lower-left corner of its line; Qt draws from the baseline.
+        const qreal descent = painter.fontMetrics().descent();
+        painter.drawText(QPointF(kCaptionX, bounds.height() - kLabLineY - descent), m_labLabel);
+        // A long name is shortened with an ellipsis rather than cut off at the edge.
+        const QString label = painter.fontMetrics().elidedText(m_swatchLabel, Qt::ElideRight,
+                                                               int(width() - 2 * kCaptionX));
+        painter.drawText(QPointF(kCaptionX, bounds.height() - kSwatchLineY - descent), label);
     }
-    QPainterPath path;
-    path.addRoundedRect(QRectF(rect()), kCornerRadius, kCornerRadius);
-    painter.fillPath(path, m_color);
-
-    QFont font = QApplication::font();
-    font.setPointSizeF(10);
-    painter.setFont(font);
-    painter.setPen(m_labelColor);
-    painter.drawText(fromLowerLeft(this, kCaptionX, kLabLineY), m_labLabel);
-    // A long name is shortened with an ellipsis rather than cut off at the edge.
-    const QString label = painter.fontMetrics().elidedText(m_swatchLabel, Qt::ElideRight,
-                                                           int(width() - 2 * kCaptionX));
-    painter.drawText(fromLowerLeft(this, kCaptionX, kSwatchLineY), label);
-}
-
-void BkgndColorView::paintEmptyTarget(QPainter &painter)
-{
-    const QColor primary = QColor::fromRgbF(0.4f, 0.4f, 0.4f);
-    const QRectF frame = QRectF(rect()).adjusted(4, 4, -4, -4);
-    QPen pen(m_dragHighlight ? palette().color(QPalette::Highlight) : primary,
-             m_dragHighlight ? 3 : 2, Qt::DashLine);
-    painter.setPen(pen);
-    painter.drawRoundedRect(frame, kCornerRadius, kCornerRadius);
-    painter.setPen(primary);
-    painter.drawText(frame.adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("Drop a color patch or project here"));
-}
-
-void BkgndColorView::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (firstLocalFile(event->mimeData()).isEmpty())
-        return;
-    m_dragHighlight = true;
-    update();
-    event->acceptProposedAction();
-}
-
-void BkgndColorView::dragLeaveEvent(QDragLeaveEvent *)
-{
-    m_dragHighlight = false;
-    update();
-}
-
-void BkgndColorView::dropEvent(QDropEvent *event)
-{
-    m_dragHighlight = false;
-    update();
-    const QString path = firstLocalFile(event->mimeData());
-    if (path.isEmpty())
-        return;
-    const QFileInfo info(path);
-    if (!info.exists() || info.isDir()) {
-        QApplication::beep();
-        return;
+    if (hasFocus()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kCornerRadius,
+                                kCornerRadius);
     }
-    event->acceptProposedAction();
-    const std::optional<std::string> text = readDocumentText(QFile::encodeName(path).toStdString());
-    if (m_delegate)
-        m_delegate->parseXML(text ? QByteArray::fromStdString(*text) : QByteArray(), this);
+}
+
+void BkgndColorView::focusInEvent(QFocusEvent *event)
+{
+    QVFileDropView::focusInEvent(event);
+    update();
+}
+
+void BkgndColorView::focusOutEvent(QFocusEvent *event)
+{
+    QVFileDropView::focusOutEvent(event);
+    update();
 }

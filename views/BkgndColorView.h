@@ -1,17 +1,18 @@
 #pragma once
-// The swatch that shows one colour sample: empty, it invites a drop; filled, it paints the
-// sample's D50 Lab colour as a rounded rectangle with a two-line caption. It parses nothing
-// itself: a dropped document's text goes to its delegate, which sends the colour back.
+// The swatch that shows one colour sample. Empty, it is a drop target for CxF documents (a file,
+// a promised file, or CxF data); filled, it paints the sample's D50 Lab colour as a rounded
+// rectangle with a two-line caption. It parses nothing itself: the dropped document's text goes
+// to its delegate, which sends the colour and caption back.
 
+#include "QVFileDropView.h"
 #include "color_types.h"
 
 #include <QColor>
 #include <QString>
-#include <QWidget>
 
 class BkgndColorViewDelegate;
 
-class BkgndColorView : public QWidget
+class BkgndColorView : public QVFileDropView, public QVFileDropDelegate
 {
     Q_OBJECT
     Q_PROPERTY(QString swatchLabel READ swatchLabel WRITE setSwatchLabel NOTIFY swatchLabelChanged)
@@ -36,25 +37,28 @@ public:
     QColor labelColor() const { return m_labelColor; }
     QColor color() const { return m_color; }
 
-    QSize sizeHint() const override { return {220, 160}; }
+    // The view is its own drag delegate: every accepted drop and paste comes here whole, and a
+    // promised file's outcome comes to dropViewTakeFiles.
+    Methods implementedMethods() const override { return TakeDataFromPasteboard | TakeFiles; }
+    void dropViewTakeDataFromPasteboard(QVFileDropView *view, const QMimeData *pasteboard,
+                                        QObject *sender) override;
+    void dropViewTakeFiles(QVFileDropView *view, const std::optional<QList<QUrl>> &files) override;
 
 Q_SIGNALS:
     void swatchLabelChanged(const QString &swatchLabel);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dragLeaveEvent(QDragLeaveEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    void paintEmptyTarget(QPainter &painter);
+    void sendText(const QByteArray &text);
 
     LabColor m_labColor{0, 0, 0, 0};
     QString m_swatchLabel;
     QColor m_color;
     QString m_labLabel;
-    QColor m_labelColor;
+    QColor m_labelColor; // the caption's foreground colour
     BkgndColorViewDelegate *m_delegate = nullptr;
-    bool m_dragHighlight = false;
 };
