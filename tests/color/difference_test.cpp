@@ -53,9 +53,8 @@ TEST(Difference, ReferenceValues)
         });
 }
 
-// LittleCMS's cmsCMCdeltaE is an independent implementation of the same equations. It differs
-// only at the edges (open hue interval, ΔH² clamped, both L = 0), which random pairs away from
-// those do not reach. (Its CIEDE2000 departs from Sharma's equations by up to 2e-6.)
+// LittleCMS's cmsCMCdeltaE implements the same equations independently, differing only at edges
+// (open hue interval, ΔH² clamped, both L = 0) that random pairs away from those do not reach.
 TEST(Difference, CmcAgreesWithLittleCMSOnRandomPairs)
 {
     std::mt19937 rng(1984);

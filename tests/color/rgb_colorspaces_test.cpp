@@ -1,6 +1,5 @@
-// XYZ, 3x3 matrices, chromatic adaptation, RGB working spaces, ICC profile matrices and the Lab
-// profiles: tests/data/reference/rgb_colorspaces.csv, every working space, and profiles made
-// with LittleCMS in memory.
+// XYZ, matrices, adaptation, RGB working spaces, ICC profile matrices and the Lab profiles:
+// tests/data/reference/rgb_colorspaces.csv, every working space, profiles made in memory.
 #include "adaptation.h"
 #include "icc_colorspace_matrix.h"
 #include "lab_colorspaces.h"

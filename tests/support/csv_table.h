@@ -1,11 +1,8 @@
 #pragma once
-// Plain CSV tables for tests: one header row, comma-separated fields, no quoting.
-//
-// Reference tables (tests/data/reference/*.csv) hold one case a row:
-//   function,inputs,expected,tolerance,source
-// inputs and expected are numbers separated by spaces (nan, inf, -inf allowed; an expected "*"
-// is not checked); the source, the last field, says where the expected values come from and
-// may itself contain commas.
+// Plain CSV tables for tests: one header row, comma-separated fields, no quoting. Reference
+// tables (tests/data/reference/*.csv) hold a case a row: function,inputs,expected,tolerance,
+// source; inputs and expected are numbers separated by spaces (nan, inf, -inf; an expected "*"
+// is not checked); the source, last, says where the values come from (commas allowed).
 
 #include "tolerance.h"
 

@@ -1,7 +1,5 @@
-// cxf-delta as a user runs it: the built executable on the sample documents, with its own
-// settings directory. Expected figures are the documents' literals rounded to 32-bit floats
-// and averaged in double, and CMC 2:1 worked from them outside this code base (polynomial hue
-// of LCHab_from_Lab), stored as floats.
+// cxf-delta run on the sample documents with its own settings. Expected figures: the literals
+// as floats averaged in double, and CMC 2:1 worked from them outside this code base.
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
