@@ -15,6 +15,8 @@ inline constexpr double kTolPublished5 = 5e-6 + 1e-12;
 inline constexpr double kTolReference = 1e-9;
 // Conversions there and back in double precision.
 inline constexpr double kTolRoundTrip = 1e-12;
+// Exact up to the last few bits of a double.
+inline constexpr double kTolUlps = 1e-15;
 
 inline ::testing::AssertionResult closeWithin(const char *actualExpr, const char *expectedExpr,
                                               const char * /*tolExpr*/, double actual,
