@@ -57,3 +57,12 @@ void setCGFill(const QVColor &color, QPainter &painter);
 void setCGStroke(const QVColor &color, QPainter &painter);
 // setCGFill, then setCGStroke.
 void setCGFillAndStroke(const QVColor &color, QPainter &painter);
+
+// Contrast ratio of two colours by the WCAG 2 definition: (L1 + 0.05) / (L2 + 0.05) of their
+// relative luminances in sRGB, lighter over darker; from 1 (same) to 21 (black on white).
+double contrastRatio(const QColor &first, const QColor &second);
+
+// Text colour for background: preferred when it reaches minimumRatio against it, else black or
+// white, whichever contrasts more (one of them always reaches 4.5).
+QColor readableTextColor(const QColor &background, const QColor &preferred,
+                         double minimumRatio = 4.5);

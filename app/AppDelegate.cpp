@@ -2,6 +2,7 @@
 
 #include "BkgndColorView.h"
 #include "QApplication+QVExtras.h"
+#include "QColor+QVExtras.h"
 #include "QObject+QVExtras.h"
 #include "Updater.h"
 #include "UserDefaults.h"
@@ -19,6 +20,7 @@
 #include <QPalette>
 
 #include <cmath>
+#include <string>
 
 Q_LOGGING_CATEGORY(lcImport, "cxf.import", QtInfoMsg)
 
@@ -40,10 +42,9 @@ void setBackground(QLineEdit *field, const QColor &color)
         return;
     QPalette palette = field->palette();
     palette.setColor(QPalette::Base, color);
-    // Dark text on the light verdict colours, whatever the theme.
-    palette.setColor(QPalette::Text, color == neutralBackground()
-                                         ? QApplication::palette().color(QPalette::Text)
-                                         : QColor(Qt::black));
+    // The theme's text where it reads well (4.5:1 at least), else black or white.
+    palette.setColor(QPalette::Text,
+                     readableTextColor(color, QApplication::palette().color(QPalette::Text)));
     field->setPalette(palette);
 }
 
@@ -53,16 +54,32 @@ void setValue(QLineEdit *field, float value)
         field->setText(QString::number(double(value), 'f', AppDelegate::kResultDecimals));
 }
 
-// Which way the sample differs, as the field's tooltip and in the caption under it.
-void setDirection(QLineEdit *field, QLabel *caption, float value, const QString &more,
-                  const QString &less, const QString &same)
+// Which way the sample differs: in the caption under the field (with a visible marker for the
+// largest term, which is otherwise told only by colour), its tooltip and accessible description.
+void setDirection(QLineEdit *field, QLabel *caption, const QString &direction, bool largest)
 {
-    const QString text = value > 0 ? more : value < 0 ? less : same;
-    if (field)
-        field->setToolTip(text);
+    const QString marked =
+        largest ? AppDelegate::tr("%1 \u2014 largest term").arg(direction) : direction;
+    if (field) {
+        field->setToolTip(AppDelegate::tr("%1\n\n%2").arg(marked, AppDelegate::highlightRule()));
+        field->setAccessibleDescription(marked);
+    }
     if (caption)
-        caption->setText(text);
+        caption->setText(marked);
 }
+
+// The comparison core's texts, so that translators see them; shown through translatedCoreText.
+[[maybe_unused]] constexpr const char *kCoreTexts[] = {
+    QT_TRANSLATE_NOOP("CxFImport", "Invalid XML data"),
+    QT_TRANSLATE_NOOP("CxFImport", "No 'CxF' key in XML data"),
+    QT_TRANSLATE_NOOP("CxFImport", "No 'Palette' key in XML data"),
+    QT_TRANSLATE_NOOP("CxFImport", "No 'ColorSet' key in XML data"),
+    QT_TRANSLATE_NOOP("CxFImport", "No 'Color' key in XML data"),
+    QT_TRANSLATE_NOOP("CxFImport", "The specified Lab colors cannot be used for comparison."),
+    QT_TRANSLATE_NOOP("CxFImport",
+                      "The Lab colors were not specified with D50 illuminant and 2° observer."),
+    QT_TRANSLATE_NOOP("CxFImport", "Ok"),
+};
 
 const QString kToleranceKeyPath = QLatin1String(kToleranceKey);
 
@@ -139,6 +156,8 @@ void AppDelegate::parseXML(const QByteArray &text, BkgndColorView *sender)
             << QString::fromUtf8(outcome.logLine.data(), qsizetype(outcome.logLine.size()));
     if (outcome.beep)
         QApplication::beep();
+    if (!outcome.accepted())
+        Q_EMIT documentRefused(translatedCoreText(refusalMessage(outcome)));
     if (outcome.alert)
         showAlert(*outcome.alert);
     if (!outcome.accepted())
@@ -146,11 +165,21 @@ void AppDelegate::parseXML(const QByteArray &text, BkgndColorView *sender)
     takeSample(outcome.lab, QString::fromStdString(outcome.caption), sender);
 }
 
+QString AppDelegate::highlightRule()
+{
+    return tr("The largest of the three CMC terms is highlighted: ΔL, ΔC and the CMC hue term ΔH. "
+              "The Δh field shows the hue angle difference in degrees, but its highlight "
+              "compares ΔH.");
+}
+
+QString AppDelegate::translatedCoreText(std::string_view text)
+{
+    return QCoreApplication::translate("CxFImport", std::string(text).c_str());
+}
+
 void AppDelegate::showAlert(const CxFAlert &alert)
 {
-    const auto text = [](std::string_view s) {
-        return QString::fromUtf8(s.data(), qsizetype(s.size()));
-    };
+    const auto text = translatedCoreText;
     QMessageBox box(QMessageBox::Warning, text(alert.title), text(alert.title),
                     QMessageBox::NoButton, m_window);
     box.setInformativeText(text(alert.message));
@@ -170,6 +199,8 @@ void AppDelegate::takeSample(LabColor lab, const QString &caption, BkgndColorVie
     }
     // Which sample follows from the sender's identity alone; another swatch sets none.
     storeSample(samples, sampleSlotForSender(sender, m_dragView1, m_dragView2), lab);
+    if (sender)
+        Q_EMIT sampleShown(sender);
     calcDeltaE();
 }
 
@@ -215,7 +246,7 @@ void AppDelegate::updateUI()
     setBackground(m_delta_L_tf, highlight.lightness ? kHighlightPink : neutralBackground());
     setBackground(m_delta_C_tf, highlight.chroma ? kHighlightPink : neutralBackground());
     setBackground(m_delta_H_tf, highlight.hue ? kHighlightPink : neutralBackground());
-    showDirections();
+    showDirections(highlight);
 }
 
 void AppDelegate::showVerdict(Verdict verdict, float tolerance)
@@ -237,14 +268,43 @@ void AppDelegate::showVerdict(Verdict verdict, float tolerance)
         m_verdictLabel->setToolTip(tr("Beyond the tolerance of %1.").arg(limit));
         break;
     }
+    const QString said = tr("%1: %2").arg(m_verdictLabel->text(), m_verdictLabel->toolTip());
+    m_verdictLabel->setAccessibleDescription(said);
+    if (m_delta_E_tf) {
+        m_delta_E_tf->setAccessibleDescription(said);
+        m_delta_E_tf->setToolTip(said);
+    }
 }
 
-void AppDelegate::showDirections()
+void AppDelegate::showDirections(const Highlight &highlight)
 {
-    setDirection(m_delta_L_tf, m_delta_L_caption, delta_L, tr("lighter"), tr("darker"),
-                 tr("same lightness"));
-    setDirection(m_delta_C_tf, m_delta_C_caption, delta_C, tr("more chroma"), tr("less chroma"),
-                 tr("same chroma"));
-    setDirection(m_delta_H_tf, m_delta_H_caption, delta_H_deg, tr("hue turned a* toward b*"),
-                 tr("hue turned b* toward a*"), tr("same hue angle"));
+    setDirection(m_delta_L_tf, m_delta_L_caption,
+                 delta_L > 0   ? tr("lighter")
+                 : delta_L < 0 ? tr("darker")
+                               : tr("same lightness"),
+                 highlight.lightness);
+    setDirection(m_delta_C_tf, m_delta_C_caption,
+                 delta_C > 0   ? tr("more saturated")
+                 : delta_C < 0 ? tr("less saturated")
+                               : tr("same saturation"),
+                 highlight.chroma);
+    QString hue;
+    switch (hueTurnFor(samples.lab_1, delta_H_deg)) {
+    case HueTurn::None:
+        hue = tr("same hue angle");
+        break;
+    case HueTurn::Redder:
+        hue = tr("redder");
+        break;
+    case HueTurn::Yellower:
+        hue = tr("yellower");
+        break;
+    case HueTurn::Greener:
+        hue = tr("greener");
+        break;
+    case HueTurn::Bluer:
+        hue = tr("bluer");
+        break;
+    }
+    setDirection(m_delta_H_tf, m_delta_H_caption, hue, highlight.hue);
 }

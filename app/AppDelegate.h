@@ -15,6 +15,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string_view>
 
 class BkgndColorView;
 struct CxFAlert;
@@ -113,10 +114,21 @@ public:
     // Decimals shown in the four result fields.
     static constexpr int kResultDecimals = 2;
 
+    // How the component fields are highlighted, in words (their tooltip).
+    static QString highlightRule();
+    // A text of the comparison core (log line, alert, refusal) in the user's language.
+    static QString translatedCoreText(std::string_view text);
+
+Q_SIGNALS:
+    // A document was refused; message is its log line or alert message, translated.
+    void documentRefused(const QString &message);
+    // A document was accepted and shown on swatch.
+    void sampleShown(BkgndColorView *swatch);
+
 private:
     void showAlert(const CxFAlert &alert);
     void showVerdict(Verdict verdict, float tolerance);
-    void showDirections();
+    void showDirections(const Highlight &highlight);
 
     // Comparison state: both samples start undefined, at (0, 0, 0) with alpha 1.
     ComparisonSamples samples;

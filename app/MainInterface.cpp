@@ -1,6 +1,7 @@
 #include "MainInterface.h"
 
 #include "AppDelegate.h"
+#include "DesktopWindow.h"
 #include "PasteCommand.h"
 #include "PreferencesDialog.h"
 #include "ui_MainWindow.h"
@@ -40,6 +41,8 @@ std::unique_ptr<QMainWindow> loadMainInterface(AppDelegate &controller)
     controller.setDirectionCaptions(ui.delta_L_caption, ui.delta_C_caption, ui.delta_H_caption);
     ui.dragView1->setDelegate(&controller);
     ui.dragView2->setDelegate(&controller);
+
+    new DesktopWindow(window.get(), controller, ui); // owned by the window
 
     QMainWindow *parent = window.get();
     QObject::connect(ui.actionAbout, &QAction::triggered, parent, [parent] { showAbout(parent); });

@@ -1,5 +1,6 @@
 #include "QVFileDropView.h"
 
+#include "QColor+QVExtras.h"
 #include "QMimeData+QVExtras.h"
 #include "QObject+QVExtras.h"
 #include "QPainterPath+QVExtras.h"
@@ -386,7 +387,9 @@ void QVFileDropView::drawDropTarget(QPainter &painter)
     if (isNotEmpty(m_message)) {
         QFont font = QApplication::font();
         font.setBold(true);
-        attributes = {font, m_primaryColor, Qt::AlignHCenter};
+        // The primary colour where it reads well on the window (4.5:1), else black or white.
+        attributes = {font, readableTextColor(palette().color(QPalette::Window), m_primaryColor),
+                      Qt::AlignHCenter};
         const QRectF content = bounds.adjusted(28, 28, -28, -28);
         const qint64 behavior = gNSStringGeometricsTypesetterBehavior;
         gNSStringGeometricsTypesetterBehavior = 1;

@@ -37,3 +37,21 @@ Highlight highlightFor(const CmcDifferences &d)
         return {};
     return {L == m, C == m, H == m};
 }
+
+HueTurn hueTurnFor(double referenceHueDegrees, double turnDegrees)
+{
+    if (!(turnDegrees != 0) || std::isnan(turnDegrees) || std::isnan(referenceHueDegrees))
+        return HueTurn::None;
+    const double middle = (referenceHueDegrees + turnDegrees / 2) / 90;
+    // The next axis strictly ahead: an axis under the middle itself is passed already.
+    const double axis = turnDegrees > 0 ? std::floor(middle) + 1 : std::ceil(middle) - 1;
+    constexpr HueTurn named[] = {HueTurn::Redder, HueTurn::Yellower, HueTurn::Greener,
+                                 HueTurn::Bluer};
+    const long quadrant = std::lround(std::fmod(std::fmod(axis, 4) + 4, 4));
+    return named[quadrant];
+}
+
+HueTurn hueTurnFor(LabColor reference, float delta_H_deg)
+{
+    return hueTurnFor(degrees_from_radians(LCHab_from_Lab(reference).h), double(delta_H_deg));
+}

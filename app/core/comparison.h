@@ -40,3 +40,14 @@ struct Highlight {
 };
 
 Highlight highlightFor(const CmcDifferences &differences);
+
+// Which named hue the sample's hue turned towards, seen from the reference: the axis of a*/b*
+// (+a* red, +b* yellow, −a* green, −b* blue) that lies ahead of the middle of the turn, in its
+// direction. A turn of 0 (or NaN) is None.
+// Example: reference hue 30°, turn +10° (middle 35°, counter-clockwise) is Yellower; −10° is
+// Redder; 80° turned +20° passes yellow (middle 90°) and is Greener.
+enum class HueTurn { None, Redder, Yellower, Greener, Bluer };
+
+HueTurn hueTurnFor(double referenceHueDegrees, double turnDegrees);
+// The same from the samples, with the turn as stored (delta_H_deg).
+HueTurn hueTurnFor(LabColor reference, float delta_H_deg);
