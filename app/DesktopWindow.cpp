@@ -191,8 +191,10 @@ void DesktopWindow::chooseDocument(Swatch swatch)
 void DesktopWindow::openDocument(const QString &path, Swatch swatch)
 {
     m_documentName = QFileInfo(path).fileName();
-    m_readProblem = readDocumentFile(path).problem;
+    m_documentPath = path;
     m_refused = false;
+    handFileToSwatch(swatchView(swatch), path);
+    // The swatch reads the file once; why it gave no text is worked out only on a refusal.
     if (!m_readProblem.isEmpty()) {
         const QString line = tr("%1: cannot read “%2”: %3\n")
                                  .arg(QFileInfo(QCoreApplication::applicationFilePath()).fileName(),
@@ -200,10 +202,10 @@ void DesktopWindow::openDocument(const QString &path, Swatch swatch)
         std::fputs(line.toLocal8Bit().constData(), stderr);
         std::fflush(stderr);
     }
-    handFileToSwatch(swatchView(swatch), path);
     if (!m_refused)
         rememberDocument(path, swatch);
     m_documentName.clear();
+    m_documentPath.clear();
     m_readProblem.clear();
 }
 
@@ -234,9 +236,9 @@ void DesktopWindow::rememberDocument(const QString &path, Swatch swatch)
 void DesktopWindow::showRefusal(const QString &message)
 {
     m_refused = true;
-    // A dropped file that the swatch could not read: say why, as for an opened one.
-    if (m_readProblem.isEmpty() && !m_droppedPath.isEmpty())
-        m_readProblem = readDocumentFile(m_droppedPath).problem;
+    // A dropped or opened file that the swatch could not read: say why.
+    if (m_readProblem.isEmpty() && !m_documentPath.isEmpty())
+        m_readProblem = readDocumentFile(m_documentPath).problem;
     QString text;
     if (!m_readProblem.isEmpty())
         text = tr("Could not read “%1”: %2 (%3)").arg(m_documentName, m_readProblem, message);
@@ -313,10 +315,10 @@ bool DesktopWindow::eventFilter(QObject *watched, QEvent *event)
         const QMimeData *mime = static_cast<QDropEvent *>(event)->mimeData();
         const QList<QUrl> urls = mime && mime->hasUrls() ? mime->urls() : QList<QUrl>();
         m_documentName = urls.isEmpty() ? QString() : urls.first().fileName();
-        m_droppedPath = urls.isEmpty() ? QString() : urls.first().toLocalFile();
+        m_documentPath = urls.isEmpty() ? QString() : urls.first().toLocalFile();
         QTimer::singleShot(0, this, [this] {
             m_documentName.clear();
-            m_droppedPath.clear();
+            m_documentPath.clear();
             m_readProblem.clear();
         });
     }

@@ -73,7 +73,7 @@ private:
     QLabel *m_toleranceLabel = nullptr;
     // The document being opened or dropped, for the status bar; empty when not known.
     QString m_documentName;
-    QString m_droppedPath; // the local file being dropped, if any
+    QString m_documentPath; // the local file being dropped or opened, if any
     QString m_readProblem;
     bool m_refused = false;
 };

@@ -22,29 +22,10 @@ double radians_of(double degrees)
     return degrees / kDegreesPerRadian;
 }
 
-// CMC weights [Clarke1984]:
-//   SL = 0.511 for L1 < 16, else 0.040975 L1 / (1 + 0.01765 L1)   (L1 = 16 takes the formula)
-//   SC = 0.0638 C1 / (1 + 0.0131 C1) + 0.638
-//   F  = √(C1⁴ / (C1⁴ + 1900))
+// CMC weights [Clarke1984]: SL, SC and F are cmc_detail's (difference.h);
 //   T  = 0.56 + |0.2 cos(h1 + 168°)| for 164° ≤ h1 ≤ 345° (both ends inclusive),
 //        0.36 + |0.4 cos(h1 + 35°)|  otherwise
 //   SH = SC (F T + 1 − F)
-double cmc_SL(double L1)
-{
-    return L1 < 16 ? 0.511 : 0.040975 * L1 / (1 + 0.01765 * L1);
-}
-
-double cmc_SC(double C1)
-{
-    return 0.0638 * C1 / (1 + 0.0131 * C1) + 0.638;
-}
-
-double cmc_F(double C1)
-{
-    const double C1_4 = C1 * C1 * C1 * C1;
-    return std::sqrt(C1_4 / (C1_4 + 1900));
-}
-
 // h1 in degrees, wrapped into [0, 360) with the floor passed through a 32-bit integer.
 double cmc_T(double h1_degrees)
 {
@@ -126,9 +107,20 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
 
     const double S = h1p + h2p;
     const double Hm = std::fabs(h1p - h2p) > 180 ? (S + 360) / 2 : S / 2;
-    const double T = 1 - 0.17 * std::cos(radians_of(Hm - 30)) +
-                     0.24 * std::cos(radians_of(2 * Hm)) + 0.32 * std::cos(radians_of(3 * Hm + 6)) -
-                     0.20 * std::cos(radians_of(4 * Hm - 63));
+    // T from one cosine and sine of Hm: the multiple angles by cos 2x = 2 cos²x − 1,
+    // sin 2x = 2 sin x cos x, cos 3x = cos x (2 cos 2x − 1), sin 3x = sin x (2 cos 2x + 1),
+    // cos 4x = 2 cos²2x − 1, sin 4x = 2 sin 2x cos 2x; the shifts by
+    // cos(x ± δ) = cos x cos δ ∓ sin x sin δ.
+    const double hm = radians_of(Hm);
+    const double c1 = std::cos(hm), s1 = std::sin(hm);
+    const double c2 = 2 * c1 * c1 - 1, s2 = 2 * s1 * c1;
+    const double c3 = c1 * (2 * c2 - 1), s3 = s1 * (2 * c2 + 1);
+    const double c4 = 2 * c2 * c2 - 1, s4 = 2 * s2 * c2;
+    constexpr double cos30 = 0.8660254037844387, sin30 = 0.49999999999999994;
+    constexpr double cos6 = 0.9945218953682733, sin6 = 0.10452846326765347;
+    constexpr double cos63 = 0.4539904997395468, sin63 = 0.8910065241883678;
+    const double T = 1 - 0.17 * (c1 * cos30 + s1 * sin30) + 0.24 * c2 +
+                     0.32 * (c3 * cos6 - s3 * sin6) - 0.20 * (c4 * cos63 + s4 * sin63);
 
     double dhp = h2p - h1p;
     if (std::fabs(dhp) > 180)
@@ -157,51 +149,15 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
 double delta_E_Lab_CMC(LabColor lab1, LabColor lab2, double l, double c)
 {
     const double C1 = chroma(lab1), C2 = chroma(lab2);
-    const double SL = cmc_SL(lab1.L);
-    const double SC = cmc_SC(C1);
+    const double SL = cmc_detail::SL(lab1.L);
+    const double SC = cmc_detail::SC(C1);
     const double T = C1 < 1e-6 ? cmc_T(0) : cmc_T(std::atan2(lab1.b, lab1.a) * kDegreesPerRadian);
-    const double F = cmc_F(C1);
+    const double F = cmc_detail::F(C1);
     const double SH = SC * (F * T + 1 - F);
     const double dL = lab2.L - lab1.L, dC = C2 - C1;
     const double da = lab2.a - lab1.a, db = lab2.b - lab1.b;
     return std::sqrt(square(dL / (l * SL)) + square(dC / (c * SC)) +
                      (da * da + db * db - dC * dC) / (SH * SH));
-}
-
-double delta_L_LCh_CMC(LChColor lch1, LChColor lch2, double l)
-{
-    return (lch2.L - lch1.L) / (l * cmc_SL(lch1.L));
-}
-
-double delta_C_LCh_CMC(LChColor lch1, LChColor lch2, double c)
-{
-    return (lch2.C - lch1.C) / (c * cmc_SC(lch1.C));
-}
-
-// The hue term rebuilds a and b from C and h and recomputes ΔC from them. No low-chroma guard:
-// the stored hue is used even when C1 is 0. SC1 is SC(C1), passed in so that ΔE computes it once.
-static double cmc_hue_term(LChColor lch1, LChColor lch2, double SC1)
-{
-    const double F = cmc_F(lch1.C);
-    const double T = cmc_T(180.0 * lch1.h / kPi);
-    const double a1 = lch1.C * std::cos(lch1.h), b1 = lch1.C * std::sin(lch1.h);
-    const double a2 = lch2.C * std::cos(lch2.h), b2 = lch2.C * std::sin(lch2.h);
-    const double dC = fast_hypot(a2, b2) - fast_hypot(a1, b1);
-    return std::sqrt(square(a2 - a1) + square(b2 - b1) - dC * dC) / (SC1 * (T * F + 1 - F));
-}
-
-double delta_H_LCh_CMC(LChColor lch1, LChColor lch2)
-{
-    return cmc_hue_term(lch1, lch2, cmc_SC(lch1.C));
-}
-
-double delta_E_LCh_CMC(LChColor lch1, LChColor lch2, double l, double c)
-{
-    const double SC1 = cmc_SC(lch1.C);
-    const double dL = (lch2.L - lch1.L) / (l * cmc_SL(lch1.L));
-    const double dC = (lch2.C - lch1.C) / (c * SC1);
-    const double dH = cmc_hue_term(lch1, lch2, SC1);
-    return std::sqrt(dL * dL + dC * dC + dH * dH);
 }
 
 double deltaE_Luv(LuvColor luv1, LuvColor luv2)

@@ -8,6 +8,11 @@
 // [Sharma2005], [Clarke1984] (docs/references.md).
 
 #include "color_types.h"
+#include "fast_hypot.h"
+#include "math_constants.h"
+
+#include <cmath>
+#include <cstdint>
 
 double delta_E_Lab_CIE1976(LabColor lab1, LabColor lab2); // √(dL² + da² + db²)
 double delta_L_Lab_CIE1976(LabColor lab1, LabColor lab2); // L2 − L1
@@ -27,10 +32,102 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2);
 double delta_E_Lab_CMC(LabColor lab1, LabColor lab2, double l, double c);
 
 // CMC l:c from LCh records (h in radians), split into its weighted terms.
-double delta_L_LCh_CMC(LChColor lch1, LChColor lch2, double l); // (L2 − L1) / (l·SL)
-double delta_C_LCh_CMC(LChColor lch1, LChColor lch2, double c); // (C2 − C1) / (c·SC)
-double delta_H_LCh_CMC(LChColor lch1, LChColor lch2);           // dH / SH, radicand unclamped
-double delta_E_LCh_CMC(LChColor lch1, LChColor lch2, double l, double c);
+// The CMC terms from LCh records are defined below, inline, so that a caller converting with
+// LCHab_from_Lab (hue.h) gets the conversion and the terms in one piece of straight code.
+inline double delta_L_LCh_CMC(LChColor lch1, LChColor lch2, double l); // (L2 − L1) / (l·SL)
+inline double delta_C_LCh_CMC(LChColor lch1, LChColor lch2, double c); // (C2 − C1) / (c·SC)
+inline double delta_H_LCh_CMC(LChColor lch1, LChColor lch2); // dH / SH, radicand unclamped
+inline double delta_E_LCh_CMC(LChColor lch1, LChColor lch2, double l, double c);
 
 double deltaE_Luv(LuvColor luv1, LuvColor luv2); // √(dL² + du² + dv²)
 double deltaE_uv(LuvColor luv1, LuvColor luv2);  // hypot(du, dv); L ignored
+
+// --- CMC l:c from LCh records ---------------------------------------------------------------
+
+namespace cmc_detail {
+
+// SL = 0.511 for L1 < 16, else 0.040975 L1 / (1 + 0.01765 L1) (L1 = 16 takes the formula).
+inline double SL(double L1)
+{
+    return L1 < 16 ? 0.511 : 0.040975 * L1 / (1 + 0.01765 * L1);
+}
+
+// SC = 0.0638 C1 / (1 + 0.0131 C1) + 0.638.
+inline double SC(double C1)
+{
+    return 0.0638 * C1 / (1 + 0.0131 * C1) + 0.638;
+}
+
+// F = √(C1⁴ / (C1⁴ + 1900)).
+inline double F(double C1)
+{
+    const double C1_4 = C1 * C1 * C1 * C1;
+    return std::sqrt(C1_4 / (C1_4 + 1900));
+}
+
+// int32_from_double(std::floor(v)) without the library floor: truncation, one down for
+// negative fractions; out of range and NaN give INT32_MIN as there.
+inline int32_t floor_int32(double v)
+{
+    if (!(v >= -2147483648.0 && v < 2147483648.0))
+        return INT32_MIN;
+    const auto t = static_cast<int32_t>(v);
+    return static_cast<double>(t) > v ? t - 1 : t;
+}
+
+// T of the hue h (radians) with cos h and sin h at hand. The branch takes h in degrees
+// wrapped into [0, 360) (the floor through a 32-bit integer); the cosine of the wrapped angle
+// plus 168° or 35° is the cosine of h plus that angle, formed from the cosine and sine of h:
+// cos(h + δ) = cos h cos δ − sin h sin δ.
+inline double T(double h, double cos_h, double sin_h)
+{
+    const double degrees = 180.0 * h / kPi;
+    const double wrapped = degrees - floor_int32(degrees / 360.0) * 360.0;
+    if (164 <= wrapped && wrapped <= 345) {
+        constexpr double cos168 = -0.9781476007338057, sin168 = 0.20791169081775931;
+        return 0.56 + std::fabs(0.2 * (cos_h * cos168 - sin_h * sin168));
+    }
+    constexpr double cos35 = 0.8191520442889918, sin35 = 0.573576436351046;
+    return 0.36 + std::fabs(0.4 * (cos_h * cos35 - sin_h * sin35));
+}
+
+// The hue term: a and b rebuilt from C and h, ΔC recomputed from them; no low-chroma guard.
+// SC1 is SC(C1), passed in so that ΔE computes it once.
+inline double hue_term(LChColor lch1, LChColor lch2, double SC1)
+{
+    const double cos1 = std::cos(lch1.h), sin1 = std::sin(lch1.h);
+    const double cos2 = std::cos(lch2.h), sin2 = std::sin(lch2.h);
+    const double F1 = F(lch1.C);
+    const double T1 = T(lch1.h, cos1, sin1);
+    const double a1 = lch1.C * cos1, b1 = lch1.C * sin1;
+    const double a2 = lch2.C * cos2, b2 = lch2.C * sin2;
+    const double dC = fast_hypot(a2, b2) - fast_hypot(a1, b1);
+    const double da = a2 - a1, db = b2 - b1;
+    return std::sqrt(da * da + db * db - dC * dC) / (SC1 * (T1 * F1 + 1 - F1));
+}
+
+} // namespace cmc_detail
+
+inline double delta_L_LCh_CMC(LChColor lch1, LChColor lch2, double l)
+{
+    return (lch2.L - lch1.L) / (l * cmc_detail::SL(lch1.L));
+}
+
+inline double delta_C_LCh_CMC(LChColor lch1, LChColor lch2, double c)
+{
+    return (lch2.C - lch1.C) / (c * cmc_detail::SC(lch1.C));
+}
+
+inline double delta_H_LCh_CMC(LChColor lch1, LChColor lch2)
+{
+    return cmc_detail::hue_term(lch1, lch2, cmc_detail::SC(lch1.C));
+}
+
+inline double delta_E_LCh_CMC(LChColor lch1, LChColor lch2, double l, double c)
+{
+    const double SC1 = cmc_detail::SC(lch1.C);
+    const double dL = (lch2.L - lch1.L) / (l * cmc_detail::SL(lch1.L));
+    const double dC = (lch2.C - lch1.C) / (c * SC1);
+    const double dH = cmc_detail::hue_term(lch1, lch2, SC1);
+    return std::sqrt(dL * dL + dC * dC + dH * dH);
+}

@@ -60,11 +60,6 @@ float fast_atan2f(float y, float x)
     return y < 0 ? -angle : angle;
 }
 
-LChColor LCHab_from_Lab(LabColor lab)
-{
-    return {lab.L, fast_hypot(lab.a, lab.b), fast_atan2(lab.b, lab.a), lab.alpha};
-}
-
 LabColor Lab_from_LCHab(LChColor lch)
 {
     return {lch.L, lch.C * std::cos(lch.h), lch.C * std::sin(lch.h), lch.alpha};

@@ -2,6 +2,7 @@
 // Hue angles and the CIELAB ⇄ LCh conversion the comparison rests on.
 
 #include "color_types.h"
+#include "fast_hypot.h"
 
 double radians_from_degrees(double d); // d × π / 180
 double degrees_from_radians(double r); // r × 180 / π
@@ -35,6 +36,9 @@ float fast_atan2f(float y, float x);
 
 // L unchanged, C = hypot(a, b), h = fast_atan2(b, a) in [−π, π] (never wrapped into
 // [0, 2π)), alpha unchanged. Example: (50, 0, 0) → C 0, h ≈ 1.5708.
-LChColor LCHab_from_Lab(LabColor lab);
+inline LChColor LCHab_from_Lab(LabColor lab)
+{
+    return {lab.L, fast_hypot(lab.a, lab.b), fast_atan2(lab.b, lab.a), lab.alpha};
+}
 // a = C cos h, b = C sin h.
 LabColor Lab_from_LCHab(LChColor lch);

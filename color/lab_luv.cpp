@@ -1,6 +1,7 @@
 #include "lab_luv.h"
 
 #include "hue.h"
+#include "rounded_cube.h"
 
 #include <cmath>
 
@@ -55,8 +56,9 @@ XYZColor XYZ_from_Lab(LabColor lab)
     const double fy = (lab.L + 16) / 116;
     const double fx = lab.a / 500 + fy;
     const double fz = fy - lab.b / 200;
-    // Kept on purpose: Y takes its branch from L, not from fy³, and its cube is pow().
-    const double yr = lab.L > kLightnessBreak ? std::pow(fy, 3) : lab.L / kKappa;
+    // Kept on purpose: Y takes its branch from L, not from fy³, and its cube is pow(fy, 3),
+    // computed here as the once-rounded cube that pow gives.
+    const double yr = lab.L > kLightnessBreak ? rounded_cube(fy) : lab.L / kKappa;
     return {lab_f_inverse(fx) * kXn, yr, lab_f_inverse(fz) * kZn, lab.alpha};
 }
 

@@ -1,124 +1,256 @@
 #include "XMLNode.h"
 
-#include <cstdint>
-#include <functional>
+#include "XMLArena.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <stdexcept>
 #include <utility>
+#include <vector>
 
-// Open addressing with linear probing over the positions of the entries. A slot holds the low
-// 32 bits of the key's hash (high half) and the entry's position + 1 (low half); 0 is an empty
-// slot. The table has a power-of-two size of at least twice the entries, and removal shifts
-// later slots back instead of leaving tombstones, so lookups stay short whatever was removed.
-struct XMLNode::KeyIndex {
-    std::vector<uint64_t> slots;
+namespace {
 
-    static uint32_t hashOf(std::string_view key) noexcept
-    {
-        return static_cast<uint32_t>(std::hash<std::string_view>{}(key));
-    }
-    static uint64_t slotFor(uint32_t hash, std::size_t position) noexcept
-    {
-        return (static_cast<uint64_t>(hash) << 32) | static_cast<uint64_t>(position + 1);
-    }
-    static uint32_t hashIn(uint64_t slot) noexcept { return static_cast<uint32_t>(slot >> 32); }
-    static std::size_t positionIn(uint64_t slot) noexcept
-    {
-        return static_cast<std::size_t>(slot & 0xffffffffu) - 1;
-    }
-    std::size_t mask() const noexcept { return slots.size() - 1; }
+// Set once any node inside a read tree has been handed out for change (or changed): from then
+// on, dropping a read tree walks its arena nodes too, to find pieces owned one by one below
+// them. Until then (the usual case: read trees are only read) it frees the arena at once.
+std::atomic<bool> gReadTreeChanged{false};
 
-    // Slot number holding position, whose key hashes to hash.
-    std::size_t slotOf(uint32_t hash, std::size_t position) const noexcept
+// The header in front of the entries or items that a container node owns. arena is set on the
+// root of a read tree, whose entries are its own but whose nodes below live in the arena.
+struct Block {
+    std::size_t capacity;
+    XMLArena *arena;
+};
+static_assert(sizeof(Block) % alignof(XMLDictionaryEntry) == 0);
+
+Block *blockOf(const void *elements)
+{
+    return const_cast<Block *>(static_cast<const Block *>(elements) - 1);
+}
+
+void *allocateBlock(std::size_t capacity, std::size_t elementSize, XMLArena *arena)
+{
+    if (capacity > std::numeric_limits<uint32_t>::max())
+        throw std::length_error("XMLNode: too many children");
+    auto *block = static_cast<Block *>(::operator new(sizeof(Block) + capacity * elementSize));
+    block->capacity = capacity;
+    block->arena = arena;
+    return block + 1;
+}
+
+} // namespace
+
+// Private access for the helpers below.
+struct XMLNodeAccess {
+    static XMLText &rep(XMLNode &node) noexcept { return node.rep_; }
+    static const XMLText &rep(const XMLNode &node) noexcept { return node.rep_; }
+    static XMLNode make(XMLText rep) noexcept { return XMLNode(XMLNode::RepTag{}, rep); }
+    static constexpr uint32_t kOwned = XMLNode::kOwned;
+    static constexpr uint32_t kKindMask = XMLNode::kKindMask;
+
+    static bool owned(const XMLText &rep) noexcept { return (rep.bits_ & kOwned) != 0; }
+    static bool container(const XMLText &rep) noexcept
     {
-        std::size_t i = hash & mask();
-        while (slots[i] != slotFor(hash, position))
-            i = (i + 1) & mask();
-        return i;
+        return static_cast<XMLNode::Kind>(rep.bits_ & kKindMask) != XMLNode::Kind::String;
+    }
+    static XMLText emptyDictionary() noexcept { return XMLText(nullptr, 0, 0); }
+    static XMLText withData(const XMLText &rep, const void *data, uint32_t bits) noexcept
+    {
+        return XMLText(data, rep.size_, bits);
     }
 
-    void place(uint64_t slot) noexcept
+    // A text of its own holding bytes (an empty one needs no allocation).
+    static XMLText ownText(std::string_view bytes, uint32_t kind)
     {
-        std::size_t i = hashIn(slot) & mask();
-        while (slots[i] != 0)
-            i = (i + 1) & mask();
-        slots[i] = slot;
+        if (bytes.size() > std::numeric_limits<uint32_t>::max())
+            throw std::length_error("XMLNode: text too long");
+        if (bytes.empty())
+            return XMLText("", 0, kind);
+        char *data = static_cast<char *>(::operator new(bytes.size()));
+        std::memcpy(data, bytes.data(), bytes.size());
+        return XMLText(data, static_cast<uint32_t>(bytes.size()), kind | kOwned);
+    }
+    static void freeText(const XMLText &text) noexcept
+    {
+        if (owned(text))
+            ::operator delete(const_cast<void *>(text.data_));
     }
 
-    // Empties slot hole and moves back every later slot of the run that may fill it.
-    void erase(std::size_t hole) noexcept
+    static XMLDictionaryEntry *entries(const XMLText &rep) noexcept
     {
-        for (std::size_t j = (hole + 1) & mask(); slots[j] != 0; j = (j + 1) & mask()) {
-            const std::size_t home = hashIn(slots[j]) & mask();
-            const bool staysBehind =
-                hole <= j ? (hole < home && home <= j) : (hole < home || home <= j);
-            if (!staysBehind) {
-                slots[hole] = slots[j];
-                hole = j;
-            }
+        return static_cast<XMLDictionaryEntry *>(const_cast<void *>(rep.data_));
+    }
+    static XMLNode *items(const XMLText &rep) noexcept
+    {
+        return static_cast<XMLNode *>(const_cast<void *>(rep.data_));
+    }
+    static void setSize(XMLText &rep, std::size_t size) noexcept
+    {
+        rep.size_ = static_cast<uint32_t>(size);
+    }
+
+    // Frees what rep owns, and below it, with a worklist. Nodes in an arena own nothing and
+    // are only looked into when a read tree may have been changed.
+    static void release(XMLText rep) noexcept
+    {
+        const bool walkArena = gReadTreeChanged.load(std::memory_order_relaxed);
+        std::vector<XMLText> pending;
+        std::vector<XMLArena *> arenas;
+        releaseOne(rep, walkArena, &pending, arenas);
+        while (!pending.empty()) {
+            const XMLText next = pending.back();
+            pending.pop_back();
+            releaseOne(next, walkArena, &pending, arenas);
         }
-        slots[hole] = 0;
+        for (XMLArena *arena : arenas)
+            delete arena;
     }
 
-    // Makes room for count entries, keeping the load at most one half.
-    void reserve(std::size_t count)
+    static void releaseOne(const XMLText &rep, bool walkArena, std::vector<XMLText> *pending,
+                           std::vector<XMLArena *> &arenas) noexcept
     {
-        std::size_t size = 64;
-        while (size < 2 * count)
-            size *= 2;
-        if (size <= slots.size())
+        if (!container(rep)) {
+            freeText(rep);
             return;
-        std::vector<uint64_t> old(size, 0);
-        old.swap(slots);
-        for (const uint64_t slot : old)
-            if (slot != 0)
-                place(slot);
+        }
+        const auto visit = [&](const XMLText &child) {
+            if (!(owned(child) || (walkArena && container(child) && child.size_ > 0)))
+                return;
+            try {
+                pending->push_back(child);
+            } catch (...) {
+                releaseOne(child, walkArena, pending, arenas); // out of memory: recursion
+            }
+        };
+        if (static_cast<XMLNode::Kind>(rep.bits_ & kKindMask) == XMLNode::Kind::Dictionary) {
+            XMLDictionaryEntry *e = entries(rep);
+            for (std::size_t i = 0; i < rep.size_; ++i) {
+                freeText(e[i].key);
+                visit(e[i].value.rep_);
+            }
+        } else {
+            XMLNode *it = items(rep);
+            for (std::size_t i = 0; i < rep.size_; ++i)
+                visit(it[i].rep_);
+        }
+        if (owned(rep) && rep.data_) {
+            Block *block = blockOf(rep.data_);
+            if (block->arena) {
+                try {
+                    arenas.push_back(block->arena);
+                } catch (...) {
+                    // Out of memory: the arena stays (its nodes may still be pending).
+                }
+            }
+            ::operator delete(block);
+        }
     }
 };
 
-void XMLNode::KeyIndexDelete::operator()(KeyIndex *index) const noexcept
+using A = XMLNodeAccess;
+
+XMLNode::XMLNode(std::string_view text)
+    : rep_(A::ownText(text, static_cast<uint32_t>(Kind::String)))
 {
-    delete index;
 }
 
-XMLNode::XMLNode() = default;
-
-XMLNode::XMLNode(std::string text) : value_(std::in_place_index<2>, std::move(text)) {}
-
-XMLNode XMLNode::array()
+XMLNode XMLNode::adoptArena(XMLArena *arena, const XMLDictionaryEntry *entries, std::size_t count)
 {
-    XMLNode node;
-    node.value_.emplace<Array>();
-    return node;
+    void *data = allocateBlock(count, sizeof(XMLDictionaryEntry), arena);
+    for (std::size_t i = 0; i < count; ++i)
+        new (&static_cast<XMLDictionaryEntry *>(data)[i])
+            XMLDictionaryEntry{entries[i].key, A::make(A::rep(entries[i].value))};
+    return XMLNode(RepTag{}, XMLText(data, static_cast<uint32_t>(count),
+                                     static_cast<uint32_t>(Kind::Dictionary) | kOwned));
 }
 
-XMLNode::XMLNode(XMLNode &&other) noexcept = default;
-XMLNode &XMLNode::operator=(XMLNode &&other) noexcept = default;
+XMLNode XMLNode::array() noexcept
+{
+    return XMLNode(RepTag{}, XMLText(nullptr, 0, static_cast<uint32_t>(Kind::Array)));
+}
 
-// Copies level by level: each step gives a copied node its children, strings filled in and
-// containers still empty, and queues those containers for a later step.
+XMLNode::~XMLNode()
+{
+    release();
+}
+
+void XMLNode::release() noexcept
+{
+    const XMLText rep = rep_;
+    rep_ = A::emptyDictionary();
+    if ((rep.bits_ & kOwned) ||
+        (gReadTreeChanged.load(std::memory_order_relaxed) && A::container(rep) && rep.size_ > 0))
+        A::release(rep);
+}
+
+XMLNode XMLNode::emptyLike(const XMLNode &other)
+{
+    if (other.isString())
+        return XMLNode(RepTag{}, A::ownText(other.rep_.view(), other.rep_.bits_ & kKindMask));
+    return XMLNode(RepTag{}, XMLText(nullptr, 0, other.rep_.bits_ & kKindMask));
+}
+
+// Copies level by level: each step gives a copied container its children (strings filled in,
+// containers still empty) and queues those containers for a later step.
 XMLNode::XMLNode(const XMLNode &other) : XMLNode(emptyLike(other))
 {
     std::vector<std::pair<const XMLNode *, XMLNode *>> work{{&other, this}};
     while (!work.empty()) {
         const auto [from, to] = work.back();
         work.pop_back();
-        if (const auto *items = std::get_if<Array>(&from->value_)) {
-            auto &copies = std::get<Array>(to->value_);
-            copies.reserve(items->size());
-            for (const XMLNode &item : *items)
-                copies.push_back(emptyLike(item));
-            for (std::size_t i = 0; i < items->size(); ++i)
-                work.emplace_back(&(*items)[i], &copies[i]);
-        } else if (const auto *dictionary = std::get_if<Dictionary>(&from->value_)) {
-            auto &copies = std::get<Dictionary>(to->value_).entries;
-            copies.reserve(dictionary->entries.size());
-            for (const XMLDictionaryEntry &entry : dictionary->entries)
-                copies.push_back({entry.key, emptyLike(entry.value)});
-            if (dictionary->index)
-                to->rebuildIndex();
-            for (std::size_t i = 0; i < copies.size(); ++i)
-                work.emplace_back(&dictionary->entries[i].value, &copies[i].value);
+        if (from->isString() || from->empty())
+            continue;
+        to->makeRoom(from->size());
+        if (from->isArray()) {
+            XMLNode *copies = A::items(to->rep_);
+            const auto sources = from->items();
+            for (std::size_t i = 0; i < sources.size(); ++i) {
+                new (&copies[i]) XMLNode(emptyLike(sources[i]));
+                A::setSize(to->rep_, i + 1);
+                work.emplace_back(&sources[i], &copies[i]);
+            }
+        } else {
+            XMLDictionaryEntry *copies = A::entries(to->rep_);
+            const auto sources = from->entries();
+            for (std::size_t i = 0; i < sources.size(); ++i) {
+                const XMLText key = A::ownText(sources[i].key.view(), 0);
+                try {
+                    new (&copies[i]) XMLDictionaryEntry{key, emptyLike(sources[i].value)};
+                } catch (...) {
+                    A::freeText(key);
+                    throw;
+                }
+                A::setSize(to->rep_, i + 1);
+                work.emplace_back(&sources[i].value, &copies[i].value);
+            }
         }
     }
+}
+
+// A node that owns what it holds (or holds nothing) gives it away; a node in a read tree is
+// copied, as its arena stays with the tree.
+XMLNode::XMLNode(XMLNode &&other) : rep_(A::emptyDictionary())
+{
+    if (other.owned() || other.rep_.size_ == 0) {
+        rep_ = other.rep_;
+        other.rep_ = A::emptyDictionary();
+    } else {
+        XMLNode copy(std::as_const(other));
+        std::swap(rep_, copy.rep_);
+    }
+}
+
+XMLNode &XMLNode::operator=(XMLNode &&other)
+{
+    if (this != &other) {
+        XMLNode taken(std::move(other));
+        release();
+        std::swap(rep_, taken.rep_);
+    }
+    return *this;
 }
 
 XMLNode &XMLNode::operator=(const XMLNode &other)
@@ -128,211 +260,158 @@ XMLNode &XMLNode::operator=(const XMLNode &other)
     return *this;
 }
 
-// Takes the tree apart from the top: the children of every node that has grandchildren are
-// moved to a worklist before the node goes, so each node dies with at most leaf children.
-XMLNode::~XMLNode()
+void XMLNode::noteChange() noexcept
 {
-    if (!hasGrandchildren())
+    if (rep_.size_ > 0 && (!owned() || blockOf(rep_.data_)->arena))
+        gReadTreeChanged.store(true, std::memory_order_relaxed);
+}
+
+void XMLNode::makeRoom(std::size_t count)
+{
+    const bool dictionary = isDictionary();
+    const std::size_t elementSize = dictionary ? sizeof(XMLDictionaryEntry) : sizeof(XMLNode);
+    if (owned() && rep_.data_ && count <= blockOf(rep_.data_)->capacity)
         return;
-    try {
-        std::vector<XMLNode> pending;
-        moveChildrenInto(pending);
-        while (!pending.empty()) {
-            XMLNode node = std::move(pending.back());
-            pending.pop_back();
-            if (node.hasGrandchildren())
-                node.moveChildrenInto(pending);
+    const std::size_t capacity = std::max<std::size_t>({count, 2 * size(), 4});
+    if (owned() && rep_.data_) {
+        // Move the nodes over as they are (they stay owned by this node).
+        Block *old = blockOf(rep_.data_);
+        void *data = allocateBlock(capacity, elementSize, old->arena);
+        for (std::size_t i = 0; i < size(); ++i) {
+            if (dictionary) {
+                const XMLDictionaryEntry &from = A::entries(rep_)[i];
+                new (&static_cast<XMLDictionaryEntry *>(data)[i])
+                    XMLDictionaryEntry{from.key, A::make(A::rep(from.value))};
+            } else {
+                new (&static_cast<XMLNode *>(data)[i]) XMLNode(A::make(A::rep(A::items(rep_)[i])));
+            }
         }
-    } catch (...) {
-        // Out of memory for the worklist: what is left goes the recursive way.
+        ::operator delete(old);
+        rep_ = A::withData(rep_, data, rep_.bits_);
+        return;
     }
-}
-
-XMLNode XMLNode::emptyLike(const XMLNode &other)
-{
-    switch (other.kind()) {
-    case Kind::Dictionary:
-        return XMLNode();
-    case Kind::Array:
-        return array();
-    case Kind::String:
-        return XMLNode(std::get<std::string>(other.value_));
-    }
-    return XMLNode();
-}
-
-void XMLNode::moveChildrenInto(std::vector<XMLNode> &pending)
-{
-    if (auto *items = std::get_if<Array>(&value_)) {
-        for (XMLNode &item : *items)
-            pending.push_back(std::move(item));
-    } else if (auto *dictionary = std::get_if<Dictionary>(&value_)) {
-        for (XMLDictionaryEntry &entry : dictionary->entries)
-            pending.push_back(std::move(entry.value));
-    }
-}
-
-bool XMLNode::hasGrandchildren() const noexcept
-{
-    const auto hasChildren = [](const XMLNode &node) { return !node.isString() && !node.empty(); };
-    if (const auto *items = std::get_if<Array>(&value_)) {
-        for (const XMLNode &item : *items)
-            if (hasChildren(item))
-                return true;
-    } else if (const auto *dictionary = std::get_if<Dictionary>(&value_)) {
-        for (const XMLDictionaryEntry &entry : dictionary->entries)
-            if (hasChildren(entry.value))
-                return true;
-    }
-    return false;
-}
-
-std::size_t XMLNode::size() const noexcept
-{
-    switch (kind()) {
-    case Kind::Dictionary:
-        return std::get<Dictionary>(value_).entries.size();
-    case Kind::Array:
-        return std::get<Array>(value_).size();
-    case Kind::String:
-        return std::get<std::string>(value_).size();
-    }
-    return 0;
-}
-
-const std::string *XMLNode::stringValue() const noexcept
-{
-    return std::get_if<std::string>(&value_);
-}
-
-bool XMLNode::equalsString(std::string_view text) const noexcept
-{
-    const std::string *value = stringValue();
-    return value && *value == text;
-}
-
-std::ptrdiff_t XMLNode::position(std::string_view key) const noexcept
-{
-    const auto *dictionary = std::get_if<Dictionary>(&value_);
-    if (!dictionary)
-        return -1;
-    const auto &entries = dictionary->entries;
-    if (const KeyIndex *index = dictionary->index.get()) {
-        const uint32_t hash = KeyIndex::hashOf(key);
-        for (std::size_t i = hash & index->mask(); index->slots[i] != 0;
-             i = (i + 1) & index->mask()) {
-            const uint64_t slot = index->slots[i];
-            const std::size_t at = KeyIndex::positionIn(slot);
-            if (KeyIndex::hashIn(slot) == hash && entries[at].key == key)
-                return static_cast<std::ptrdiff_t>(at);
+    // A container of a read tree (or an empty one): its own deep copies of the children.
+    noteChange();
+    void *data = allocateBlock(capacity, elementSize, nullptr);
+    XMLNode copy(RepTag{}, XMLText(data, 0, (rep_.bits_ & kKindMask) | kOwned));
+    if (dictionary) {
+        for (const XMLDictionaryEntry &entry : entries()) {
+            const XMLText key = A::ownText(entry.key.view(), 0);
+            try {
+                new (&A::entries(copy.rep_)[copy.size()]) XMLDictionaryEntry{key, entry.value};
+            } catch (...) {
+                A::freeText(key);
+                throw;
+            }
+            A::setSize(copy.rep_, copy.size() + 1);
         }
-        return -1;
+    } else {
+        for (const XMLNode &item : items()) {
+            new (&A::items(copy.rep_)[copy.size()]) XMLNode(item);
+            A::setSize(copy.rep_, copy.size() + 1);
+        }
     }
-    for (std::size_t i = 0; i < entries.size(); ++i)
-        if (entries[i].key == key)
-            return static_cast<std::ptrdiff_t>(i);
-    return -1;
+    std::swap(rep_, copy.rep_); // the arena nodes left behind own nothing
 }
 
 const XMLNode *XMLNode::find(std::string_view key) const noexcept
 {
-    const std::ptrdiff_t i = position(key);
-    return i < 0 ? nullptr
-                 : &std::get<Dictionary>(value_).entries[static_cast<std::size_t>(i)].value;
+    if (!isDictionary())
+        return nullptr;
+    const XMLDictionaryEntry *e = A::entries(rep_);
+    for (std::size_t i = 0; i < rep_.size_; ++i)
+        if (e[i].key.view() == key)
+            return &e[i].value;
+    return nullptr;
 }
 
 XMLNode *XMLNode::find(std::string_view key) noexcept
 {
-    return const_cast<XMLNode *>(std::as_const(*this).find(key));
+    XMLNode *found = const_cast<XMLNode *>(std::as_const(*this).find(key));
+    if (found)
+        noteChange();
+    return found;
 }
 
 XMLNode *XMLNode::insert(std::string_view key, XMLNode value)
 {
-    auto *dictionary = std::get_if<Dictionary>(&value_);
-    if (!dictionary)
+    if (!isDictionary())
         return nullptr;
     if (XMLNode *existing = find(key)) {
         *existing = std::move(value);
         return existing;
     }
-    auto &entries = dictionary->entries;
-    entries.push_back({std::string(key), std::move(value)});
-    if (KeyIndex *index = dictionary->index.get()) {
-        index->reserve(entries.size());
-        index->place(KeyIndex::slotFor(KeyIndex::hashOf(key), entries.size() - 1));
-    } else if (entries.size() > kIndexedDictionarySize) {
-        rebuildIndex();
+    const XMLText ownKey = A::ownText(key, 0);
+    try {
+        makeRoom(size() + 1);
+    } catch (...) {
+        A::freeText(ownKey);
+        throw;
     }
-    return &entries.back().value;
+    XMLDictionaryEntry *slot = &A::entries(rep_)[size()];
+    new (slot) XMLDictionaryEntry{ownKey, std::move(value)};
+    A::setSize(rep_, size() + 1);
+    return &slot->value;
 }
 
 void XMLNode::reserve(std::size_t count)
 {
-    if (auto *dictionary = std::get_if<Dictionary>(&value_))
-        dictionary->entries.reserve(count);
+    if (isDictionary() && count > size())
+        makeRoom(count);
 }
 
 bool XMLNode::remove(std::string_view key)
 {
-    const std::ptrdiff_t found = position(key);
-    if (found < 0)
+    if (!isDictionary())
         return false;
-    auto &dictionary = std::get<Dictionary>(value_);
-    auto &entries = dictionary.entries;
-    const auto i = static_cast<std::size_t>(found);
-    if (!dictionary.index) {
-        entries.erase(entries.begin() + found);
-        return true;
+    XMLDictionaryEntry *e = A::entries(rep_);
+    std::size_t i = 0;
+    while (i < size() && e[i].key.view() != key)
+        ++i;
+    if (i == size())
+        return false;
+    const XMLText oldKey = e[i].key;
+    e[i].value.release();
+    A::freeText(oldKey);
+    for (std::size_t j = i + 1; j < size(); ++j) {
+        e[j - 1].key = e[j].key;
+        A::rep(e[j - 1].value) = A::rep(e[j].value);
     }
-    KeyIndex &index = *dictionary.index;
-    const std::size_t last = entries.size() - 1;
-    index.erase(index.slotOf(KeyIndex::hashOf(entries[i].key), i));
-    if (i != last) {
-        entries[i] = std::move(entries[last]);
-        const uint32_t hash = KeyIndex::hashOf(entries[i].key);
-        index.slots[index.slotOf(hash, last)] = KeyIndex::slotFor(hash, i);
-    }
-    entries.pop_back();
+    A::setSize(rep_, size() - 1);
     return true;
 }
 
 std::span<const XMLDictionaryEntry> XMLNode::entries() const noexcept
 {
-    if (const auto *dictionary = std::get_if<Dictionary>(&value_))
-        return dictionary->entries;
-    return {};
+    if (!isDictionary() || rep_.size_ == 0)
+        return {};
+    return {A::entries(rep_), rep_.size_};
 }
 
 std::span<const XMLNode> XMLNode::items() const noexcept
 {
-    if (const auto *items = std::get_if<Array>(&value_))
-        return *items;
-    return {};
+    if (!isArray() || rep_.size_ == 0)
+        return {};
+    return {A::items(rep_), rep_.size_};
 }
 
 std::span<XMLNode> XMLNode::items() noexcept
 {
-    if (auto *items = std::get_if<Array>(&value_))
-        return *items;
-    return {};
+    if (!isArray() || rep_.size_ == 0)
+        return {};
+    noteChange();
+    return {A::items(rep_), rep_.size_};
 }
 
 XMLNode *XMLNode::append(XMLNode value)
 {
-    auto *items = std::get_if<Array>(&value_);
-    if (!items)
+    if (!isArray())
         return nullptr;
-    items->push_back(std::move(value));
-    return &items->back();
-}
-
-void XMLNode::rebuildIndex()
-{
-    auto &dictionary = std::get<Dictionary>(value_);
-    dictionary.index.reset(new KeyIndex);
-    dictionary.index->reserve(dictionary.entries.size());
-    for (std::size_t i = 0; i < dictionary.entries.size(); ++i)
-        dictionary.index->place(KeyIndex::slotFor(KeyIndex::hashOf(dictionary.entries[i].key), i));
+    makeRoom(size() + 1);
+    XMLNode *slot = &A::items(rep_)[size()];
+    new (slot) XMLNode(std::move(value));
+    A::setSize(rep_, size() + 1);
+    return slot;
 }
 
 bool operator==(const XMLNode &a, const XMLNode &b)
@@ -345,7 +424,7 @@ bool operator==(const XMLNode &a, const XMLNode &b)
             return false;
         switch (x->kind()) {
         case XMLNode::Kind::String:
-            if (*x->stringValue() != *y->stringValue())
+            if (x->stringValue()->view() != y->stringValue()->view())
                 return false;
             break;
         case XMLNode::Kind::Array:
@@ -354,7 +433,7 @@ bool operator==(const XMLNode &a, const XMLNode &b)
             break;
         case XMLNode::Kind::Dictionary:
             for (const XMLDictionaryEntry &entry : x->entries()) {
-                const XMLNode *other = y->find(entry.key);
+                const XMLNode *other = y->find(entry.key.view());
                 if (!other)
                     return false;
                 work.emplace_back(&entry.value, other);

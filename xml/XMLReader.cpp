@@ -1,15 +1,34 @@
 #include "XMLReader.h"
 
 #include "XMLStrings.h"
+#include "XMLTreeBuilder.h"
 
 #include <expat.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <utility>
+
+// The library has the amplification limit when it is built with DTD support (Debian's is) even
+// where its header hides the declarations (they sit under XML_DTD); the build checks that the
+// functions link (CXF_EXPAT_HAS_AMPLIFICATION_LIMIT) and they are declared here.
+#if defined(CXF_EXPAT_HAS_AMPLIFICATION_LIMIT) && !defined(XML_DTD)
+extern "C" {
+XMLPARSEAPI(XML_Bool)
+XML_SetBillionLaughsAttackProtectionMaximumAmplification(XML_Parser parser,
+                                                         float maximumAmplificationFactor);
+XMLPARSEAPI(XML_Bool)
+XML_SetBillionLaughsAttackProtectionActivationThreshold(
+    XML_Parser parser, unsigned long long activationThresholdBytes);
+}
+#endif
 
 namespace {
 
@@ -17,6 +36,8 @@ namespace {
 struct ExpatContext {
     XMLReader *reader;
     XML_Parser parser;
+    XMLTreeBuilder *builder;
+    const XMLReadLimits *limits;
     std::size_t entityDeclarations = 0;
     std::string stopReason; // set when a handler stopped the parser
 };
@@ -26,20 +47,72 @@ ExpatContext &contextOf(void *userData)
     return *static_cast<ExpatContext *>(userData);
 }
 
+// Stops the parse with reason as its error; events that expat still delivers are ignored.
+void stop(ExpatContext &context, std::string reason)
+{
+    if (!context.stopReason.empty())
+        return;
+    context.stopReason = reason.empty() ? std::string("stopped") : std::move(reason);
+    XML_StopParser(context.parser, XML_FALSE);
+}
+
+std::string over(std::size_t limit, const char *what)
+{
+    return "more than " + std::to_string(limit) + " " + what;
+}
+
+// Runs an event; running out of memory stops the parse instead of leaving through expat.
+template <typename Event> void guarded(ExpatContext &context, Event event)
+{
+    if (!context.stopReason.empty())
+        return;
+    try {
+        event();
+    } catch (const std::bad_alloc &) {
+        stop(context, "out of memory");
+    } catch (const std::length_error &) {
+        stop(context, "out of memory");
+    }
+}
+
 void XMLCALL onStartElement(void *userData, const XML_Char *name, const XML_Char **attributes)
 {
-    contextOf(userData).reader->parserDidStartElement(name, attributes);
+    ExpatContext &context = contextOf(userData);
+    guarded(context, [&] {
+        const XMLReadLimits &limits = *context.limits;
+        const XMLTreeBuilder &builder = *context.builder;
+        std::size_t count = 0;
+        while (attributes && attributes[2 * count])
+            ++count;
+        if (builder.depth() >= limits.maxDepth)
+            return stop(context, over(limits.maxDepth, "levels of nested elements"));
+        if (builder.elements() >= limits.maxElements)
+            return stop(context, over(limits.maxElements, "elements"));
+        if (count > limits.maxAttributesPerElement)
+            return stop(context, over(limits.maxAttributesPerElement, "attributes on one element"));
+        if (count > limits.maxAttributes - builder.attributes())
+            return stop(context, over(limits.maxAttributes, "attributes"));
+        context.reader->parserDidStartElement(name, attributes);
+        if (builder.names() > limits.maxNames)
+            stop(context, over(limits.maxNames, "distinct names"));
+    });
 }
 
 void XMLCALL onEndElement(void *userData, const XML_Char *name)
 {
-    contextOf(userData).reader->parserDidEndElement(name);
+    ExpatContext &context = contextOf(userData);
+    guarded(context, [&] { context.reader->parserDidEndElement(name); });
 }
 
 void XMLCALL onCharacters(void *userData, const XML_Char *characters, int length)
 {
-    contextOf(userData).reader->parserFoundCharacters(
-        std::string_view(characters, static_cast<std::size_t>(length)));
+    ExpatContext &context = contextOf(userData);
+    guarded(context, [&] {
+        context.reader->parserFoundCharacters(
+            std::string_view(characters, static_cast<std::size_t>(length)));
+        if (context.builder->textBytes() > context.limits->maxTextBytes)
+            stop(context, over(context.limits->maxTextBytes, "bytes of text"));
+    });
 }
 
 // Counts entity declarations (general and parameter): a chain of entities that refer to one
@@ -49,13 +122,79 @@ void XMLCALL onEntityDeclaration(void *userData, const XML_Char *, int, const XM
                                  const XML_Char *)
 {
     ExpatContext &context = contextOf(userData);
-    if (++context.entityDeclarations > XMLReader::kMaxEntityDeclarations &&
-        context.stopReason.empty()) {
-        context.stopReason = "too many entity declarations (more than " +
-                             std::to_string(XMLReader::kMaxEntityDeclarations) + ")";
-        XML_StopParser(context.parser, XML_FALSE);
-    }
+    if (++context.entityDeclarations > XMLReader::kMaxEntityDeclarations)
+        stop(context, "too many entity declarations (more than " +
+                          std::to_string(XMLReader::kMaxEntityDeclarations) + ")");
 }
+
+// expat's memory under a budget (XMLReadLimits::maxParserBytes): each block carries its size
+// in front. The functions take no user data, so the budget of the parse being run on this
+// thread is reached through tParserBudget, set around every call into expat.
+struct ParserBudget {
+    std::size_t limit;
+    std::size_t used = 0;
+};
+thread_local ParserBudget *tParserBudget = nullptr;
+
+constexpr std::size_t kBlockHeader = alignof(std::max_align_t);
+
+void *budgetMalloc(std::size_t size)
+{
+    ParserBudget *budget = tParserBudget;
+    if (budget && size > budget->limit - std::min(budget->limit, budget->used))
+        return nullptr;
+    auto *block = static_cast<unsigned char *>(std::malloc(kBlockHeader + size));
+    if (!block)
+        return nullptr;
+    std::memcpy(block, &size, sizeof size);
+    if (budget)
+        budget->used += size;
+    return block + kBlockHeader;
+}
+
+void budgetFree(void *pointer)
+{
+    if (!pointer)
+        return;
+    auto *block = static_cast<unsigned char *>(pointer) - kBlockHeader;
+    std::size_t size;
+    std::memcpy(&size, block, sizeof size);
+    if (ParserBudget *budget = tParserBudget)
+        budget->used -= std::min(budget->used, size);
+    std::free(block);
+}
+
+void *budgetRealloc(void *pointer, std::size_t size)
+{
+    if (!pointer)
+        return budgetMalloc(size);
+    void *fresh = budgetMalloc(size);
+    if (!fresh)
+        return nullptr;
+    std::size_t old;
+    std::memcpy(&old, static_cast<unsigned char *>(pointer) - kBlockHeader, sizeof old);
+    std::memcpy(fresh, pointer, std::min(old, size));
+    budgetFree(pointer);
+    return fresh;
+}
+
+const XML_Memory_Handling_Suite kBudgetSuite = {budgetMalloc, budgetRealloc, budgetFree};
+
+// Sets the thread's parser budget for the length of a call into expat.
+class BudgetScope
+{
+public:
+    explicit BudgetScope(ParserBudget *budget) : previous_(tParserBudget)
+    {
+        tParserBudget = budget;
+    }
+    ~BudgetScope() { tParserBudget = previous_; }
+    BudgetScope(const BudgetScope &) = delete;
+    BudgetScope &operator=(const BudgetScope &) = delete;
+
+private:
+    ParserBudget *previous_;
+};
 
 struct ParserFree {
     void operator()(XML_ParserStruct *parser) const noexcept { XML_ParserFree(parser); }
@@ -64,12 +203,15 @@ struct ParserFree {
 } // namespace
 
 struct XMLReader::Parse {
+    ParserBudget budget;
+    bool budgeted;
     std::unique_ptr<XML_ParserStruct, ParserFree> parser;
     ExpatContext context;
 };
 
 void XMLReader::ParseDelete::operator()(Parse *parse) const noexcept
 {
+    BudgetScope scope(parse->budgeted ? &parse->budget : nullptr);
     delete parse;
 }
 
@@ -89,42 +231,52 @@ std::string XMLError::description() const
     return message + " at line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
-XMLReader::XMLReader(XMLError *error) : errorPointer_(error) {}
+XMLReader::XMLReader(XMLError *error, const XMLReadLimits &limits)
+    : limits_(limits), errorPointer_(error)
+{
+}
 
 XMLReader::~XMLReader() = default;
 
-std::optional<XMLNode> XMLReader::dictionaryForXMLData(std::string_view data, XMLError *error)
+std::optional<XMLNode> XMLReader::dictionaryForXMLData(std::string_view data, XMLError *error,
+                                                       const XMLReadLimits &limits)
 {
-    XMLReader reader(error);
+    XMLReader reader(error, limits);
     return reader.objectWithData(data);
 }
 
 // The joined text is handed to expat in pieces as it is produced, never held whole: the bytes
 // expat sees are exactly joinTrimmedLines(text).
-std::optional<XMLNode> XMLReader::dictionaryForXMLString(std::string_view text, XMLError *error)
+std::optional<XMLNode> XMLReader::dictionaryForXMLString(std::string_view text, XMLError *error,
+                                                         const XMLReadLimits &limits)
 {
-    XMLReader reader(error);
+    XMLReader reader(error, limits);
     if (!reader.beginParse())
         return std::nullopt;
-    std::string pending;
-    pending.reserve(std::min(text.size(), kPieceBytes));
+    // The joined lines are written straight into expat's buffer, a piece at a time.
     bool ok = true;
+    const std::size_t pieceBytes = std::min(text.size() + 1, kPieceBytes);
+    char *piece = nullptr;
+    std::size_t filled = 0;
     forEachTrimmedLine(text, [&](std::string_view line) {
-        if (!ok)
-            return;
-        if (pending.size() + line.size() <= kPieceBytes) {
-            pending += line;
-            return;
+        while (ok && !line.empty()) {
+            if (!piece && !(piece = reader.pieceBuffer(pieceBytes))) {
+                ok = false;
+                return;
+            }
+            const std::size_t n = std::min(line.size(), pieceBytes - filled);
+            std::memcpy(piece + filled, line.data(), n);
+            filled += n;
+            line.remove_prefix(n);
+            if (filled == pieceBytes) {
+                ok = reader.feedPieceBuffer(filled, false);
+                piece = nullptr;
+                filled = 0;
+            }
         }
-        ok = reader.feed(pending, false);
-        pending.clear();
-        if (ok && line.size() >= kPieceBytes)
-            ok = reader.feed(line, false); // a very long line goes as it is, without a copy
-        else
-            pending += line;
     });
     if (ok)
-        ok = reader.feed(pending, true);
+        ok = piece ? reader.feedPieceBuffer(filled, true) : reader.feed({}, true);
     return reader.endParse(ok);
 }
 
@@ -169,15 +321,26 @@ std::optional<XMLNode> XMLReader::objectWithData(std::string_view data)
 
 bool XMLReader::beginParse()
 {
-    root_ = XMLNode();
-    dictionaryStack_.assign(1, &root_);
-    textInProgress_.clear();
-
-    parse_.reset(new Parse{std::unique_ptr<XML_ParserStruct, ParserFree>(XML_ParserCreate(nullptr)),
-                           ExpatContext{this, nullptr, 0, {}}});
+    parse_.reset();
+    try {
+        builder_ = std::make_unique<XMLTreeBuilder>();
+        parse_.reset(new Parse{ParserBudget{limits_.maxParserBytes},
+                               limits_.maxParserBytes != SIZE_MAX, nullptr,
+                               ExpatContext{this, nullptr, builder_.get(), &limits_, 0, {}}});
+    } catch (const std::bad_alloc &) {
+        builder_.reset();
+        parserParseErrorOccurred(XMLError{"out of memory", 0, 0});
+        return false;
+    }
+    {
+        BudgetScope scope(parse_->budgeted ? &parse_->budget : nullptr);
+        parse_->parser.reset(parse_->budgeted ? XML_ParserCreate_MM(nullptr, &kBudgetSuite, nullptr)
+                                              : XML_ParserCreate(nullptr));
+    }
     XML_Parser parser = parse_->parser.get();
     if (!parser) {
         parse_.reset();
+        builder_.reset();
         parserParseErrorOccurred(XMLError{"out of memory", 0, 0});
         return false;
     }
@@ -189,14 +352,29 @@ bool XMLReader::beginParse()
     // No external entity handler is set, so external entities are skipped, never fetched; the
     // external DTD subset and external parameter entities are not read either.
     XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_NEVER);
-#ifdef XML_DTD
+#ifdef CXF_EXPAT_HAS_AMPLIFICATION_LIMIT
     XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser, kMaxEntityAmplification);
+    XML_SetBillionLaughsAttackProtectionActivationThreshold(parser, kEntityAmplificationThreshold);
 #endif
     return true;
 }
 
+char *XMLReader::pieceBuffer(std::size_t bytes)
+{
+    BudgetScope scope(parse_->budgeted ? &parse_->budget : nullptr);
+    return static_cast<char *>(XML_GetBuffer(parse_->parser.get(), static_cast<int>(bytes)));
+}
+
+bool XMLReader::feedPieceBuffer(std::size_t bytes, bool last)
+{
+    BudgetScope scope(parse_->budgeted ? &parse_->budget : nullptr);
+    return XML_ParseBuffer(parse_->parser.get(), static_cast<int>(bytes),
+                           last ? XML_TRUE : XML_FALSE) == XML_STATUS_OK;
+}
+
 bool XMLReader::feed(std::string_view piece, bool last)
 {
+    BudgetScope scope(parse_->budgeted ? &parse_->budget : nullptr);
     return XML_Parse(parse_->parser.get(), piece.data(), static_cast<int>(piece.size()),
                      last ? XML_TRUE : XML_FALSE) == XML_STATUS_OK;
 }
@@ -205,8 +383,14 @@ std::optional<XMLNode> XMLReader::endParse(bool ok)
 {
     std::optional<XMLNode> result;
     if (ok) {
-        result.emplace(std::move(root_));
-    } else {
+        try {
+            result.emplace(builder_->finish());
+        } catch (const std::bad_alloc &) {
+            ok = false;
+            parse_->context.stopReason = "out of memory";
+        }
+    }
+    if (!ok) {
         XML_Parser parser = parse_->parser.get();
         const std::string &stopReason = parse_->context.stopReason;
         XMLError error;
@@ -216,62 +400,23 @@ std::optional<XMLNode> XMLReader::endParse(bool ok)
         parserParseErrorOccurred(std::move(error));
     }
     parse_.reset();
-    root_ = XMLNode(); // a partly built tree is dropped
-    dictionaryStack_.clear();
-    textInProgress_.clear();
+    builder_.reset(); // a partly built tree is dropped
     return result;
 }
 
 void XMLReader::parserDidStartElement(std::string_view name, const char *const *attributes)
 {
-    XMLNode child;
-    std::size_t count = 0;
-    while (attributes && attributes[2 * count])
-        ++count;
-    child.reserve(count);
-    for (std::size_t i = 0; i < count; ++i)
-        child.insert(attributes[2 * i], XMLNode(attributes[2 * i + 1]));
-
-    XMLNode &parent = *dictionaryStack_.back();
-    XMLNode *slot = nullptr;
-    if (XMLNode *existing = parent.find(name)) {
-        if (!existing->isArray()) {
-            XMLNode first = std::move(*existing);
-            *existing = XMLNode::array();
-            existing->append(std::move(first));
-        }
-        slot = existing->append(std::move(child));
-    } else {
-        slot = parent.insert(name, std::move(child));
-    }
-    dictionaryStack_.push_back(slot);
+    builder_->startElement(name, attributes);
 }
 
-void XMLReader::parserDidEndElement(std::string_view name)
+void XMLReader::parserDidEndElement(std::string_view)
 {
-    if (dictionaryStack_.size() < 2)
-        return; // unbalanced events; expat does not send them
-    XMLNode *node = dictionaryStack_.back();
-    dictionaryStack_.pop_back();
-    const bool hasText = !textInProgress_.empty();
-    const bool hasKeys = !node->empty();
-    if (hasText) {
-        // The node is parent[name] itself, or the last item of the array under that name:
-        // replacing it in place is the collapse of the leaf to its text.
-        XMLNode text(std::move(textInProgress_));
-        if (hasKeys)
-            node->insert("text", std::move(text));
-        else
-            *node = std::move(text);
-        textInProgress_.clear();
-    } else if (!hasKeys) {
-        dictionaryStack_.back()->remove(name);
-    }
+    builder_->endElement();
 }
 
 void XMLReader::parserFoundCharacters(std::string_view characters)
 {
-    textInProgress_ += trimWhitespaceAndNewlines(characters);
+    builder_->characters(characters);
 }
 
 void XMLReader::parserParseErrorOccurred(XMLError error)

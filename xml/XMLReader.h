@@ -20,23 +20,39 @@
 //   that expat delivers is trimmed at both ends before it is appended, so white space at chunk
 //   borders (around entity and character references, at line breaks) is lost.
 //
-// Hostile documents: external entities and an external DTD are never loaded; once entity
-// expansion passes expat's activation threshold (8 MiB), the document with its expansions may
-// be at most kMaxEntityAmplification times the size of the document itself (expat's default is
-// 100);
-// a document may declare at most kMaxEntityDeclarations entities, which bounds how deeply
-// entity references can nest inside expat. Nested elements, however deep, use no recursion.
-// The reader sets no size limit of its own; callers that read untrusted files do
-// (kMaxCxFDocumentBytes in the CxF import).
+// Hostile documents: external entities and an external DTD are never loaded; once the text
+// read passes kEntityAmplificationThreshold, the document with its entity expansions may be at
+// most kMaxEntityAmplification times the size of the document itself (expat's default is 100
+// past 8 MiB); a document may declare at most kMaxEntityDeclarations entities, which bounds
+// how deeply entity references can nest inside expat. Nested elements, however deep, use no
+// recursion. Beyond that the reader sets no limit of its own unless the caller passes
+// XMLReadLimits (the CxF import does): a budget of elements, attributes, depth, text and
+// parser memory, checked as the document is read, so that a document over budget stops there.
+// Running out of memory while reading is a parse error ("out of memory"), never an exception.
 
 #include "XMLNode.h"
 
+class XMLTreeBuilder;
+
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+// What a parse may take; a document that exceeds any of these fails with an error naming the
+// limit (e.g. "more than 1048576 elements"). The defaults limit nothing.
+struct XMLReadLimits {
+    std::size_t maxElements = SIZE_MAX;
+    std::size_t maxAttributes = SIZE_MAX; // in the whole document
+    std::size_t maxAttributesPerElement = SIZE_MAX;
+    std::size_t maxDepth = SIZE_MAX;       // elements open at once
+    std::size_t maxNames = SIZE_MAX;       // distinct element and attribute names
+    std::size_t maxTextBytes = SIZE_MAX;   // text kept after trimming, whole document
+    std::size_t maxParserBytes = SIZE_MAX; // memory expat holds at once (its buffers and tables)
+};
 
 // A parse error as expat reports it.
 struct XMLError {
@@ -54,6 +70,7 @@ public:
     // Largest (input + expanded entity text) / input ratio once expansions pass expat's
     // activation threshold (8 MiB).
     static constexpr float kMaxEntityAmplification = 4.0f;
+    static constexpr unsigned long long kEntityAmplificationThreshold = 1ull << 20;
     static constexpr std::size_t kMaxEntityDeclarations = 256;
 
     // Parses the document bytes (UTF-8, or any encoding expat reads that the XML declaration
@@ -61,14 +78,16 @@ public:
     // then, if error is not null, *error receives expat's message with line and column.
     // Example: "<a><b>1</b><b>2</b></a>" gives {a: {b: [1, 2]}}; "<a><b></a>" gives nullopt
     // and the error "mismatched tag at line 1, column 9".
-    static std::optional<XMLNode> dictionaryForXMLData(std::string_view data, XMLError *error);
+    static std::optional<XMLNode> dictionaryForXMLData(std::string_view data, XMLError *error,
+                                                       const XMLReadLimits &limits = {});
 
     // As dictionaryForXMLData on the UTF-8 text after joinTrimmedLines (XMLStrings.h): every
     // line is trimmed and the lines are joined with nothing between them, so indentation and
     // line breaks vanish (and a value or attribute continued over a line break is joined
     // without a space). Errors therefore always report line 1.
     // Example: "<a>\n  <b>\n    51.2\n  </b>\n</a>\n" gives {a: {b: 51.2}}.
-    static std::optional<XMLNode> dictionaryForXMLString(std::string_view text, XMLError *error);
+    static std::optional<XMLNode> dictionaryForXMLString(std::string_view text, XMLError *error,
+                                                         const XMLReadLimits &limits = {});
 
     // As dictionaryForXMLData on the XML resource "<name>.xml" shipped with the program
     // (xmlResourceDirectory() below). A resource that cannot be read gives nullopt and the
@@ -81,7 +100,7 @@ public:
     static std::string xmlResourceDirectory();
 
     // A reader for repeated parses; error may be null. Not copyable: expat holds its address.
-    explicit XMLReader(XMLError *error);
+    explicit XMLReader(XMLError *error, const XMLReadLimits &limits = {});
     ~XMLReader();
     XMLReader(const XMLReader &) = delete;
     XMLReader &operator=(const XMLReader &) = delete;
@@ -99,7 +118,7 @@ public:
     // Size of the pieces handed to expat: expat copies what it is given into its own buffer, so
     // feeding pieces keeps that copy small. A token longer than a piece is rescanned from its
     // start with every further piece, so pieces are large enough to keep that cheap.
-    static constexpr std::size_t kPieceBytes = std::size_t{4} << 20;
+    static constexpr std::size_t kPieceBytes = std::size_t{1} << 20;
 
 private:
     struct Parse; // the expat parser of a parse in progress
@@ -111,13 +130,15 @@ private:
     // even if empty), then end with whether every feed succeeded.
     bool beginParse();
     bool feed(std::string_view piece, bool last);
+    // Or: fill expat's own buffer of bytes (nullptr when out of memory) and feed what was put
+    // there.
+    char *pieceBuffer(std::size_t bytes);
+    bool feedPieceBuffer(std::size_t bytes, bool last);
     std::optional<XMLNode> endParse(bool ok);
 
     std::unique_ptr<Parse, ParseDelete> parse_;
-    XMLNode root_;
-    // Path from the root to the element being read; the last entry is the current element.
-    std::vector<XMLNode *> dictionaryStack_;
-    // Text gathered since the last element that consumed text.
-    std::string textInProgress_;
+    // The tree being built: the path of open elements and the one text accumulator.
+    std::unique_ptr<XMLTreeBuilder> builder_;
+    XMLReadLimits limits_;
     XMLError *errorPointer_;
 };

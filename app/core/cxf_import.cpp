@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <new>
 #include <span>
 
 namespace {
@@ -36,7 +37,7 @@ const XMLNode *elementAt(const XMLNode *node, std::string_view key)
 double decimalAt(const XMLNode *node, std::string_view key)
 {
     const XMLNode *value = node ? node->find(key) : nullptr;
-    const std::string *text = value ? value->stringValue() : nullptr;
+    const XMLText *text = value ? value->stringValue() : nullptr;
     return text ? static_cast<double>(floatValue(*text)) : 0.0;
 }
 
@@ -116,7 +117,24 @@ CxFImportOutcome readColors(const XMLNode &colors, std::string caption)
 
 } // namespace
 
+namespace {
+
+CxFImportOutcome importWithinBudget(std::string_view text);
+
+} // namespace
+
 CxFImportOutcome importCxFDocument(std::string_view text)
+{
+    try {
+        return importWithinBudget(text);
+    } catch (const std::bad_alloc &) {
+        return invalidXMLData("out of memory");
+    }
+}
+
+namespace {
+
+CxFImportOutcome importWithinBudget(std::string_view text)
 {
     if (text.size() > kMaxCxFDocumentBytes) {
         return invalidXMLData("the document is " + std::to_string(text.size()) +
@@ -124,7 +142,15 @@ CxFImportOutcome importCxFDocument(std::string_view text)
                               std::to_string(kMaxCxFDocumentBytes));
     }
     XMLError error;
-    const std::optional<XMLNode> tree = XMLReader::dictionaryForXMLString(text, &error);
+    XMLReadLimits limits;
+    limits.maxElements = kMaxCxFElements;
+    limits.maxAttributes = kMaxCxFAttributes;
+    limits.maxAttributesPerElement = kMaxCxFAttributesPerElement;
+    limits.maxNames = kMaxCxFNames;
+    limits.maxDepth = kMaxCxFDepth;
+    limits.maxTextBytes = kMaxCxFTextBytes;
+    limits.maxParserBytes = kMaxCxFParserBytes;
+    const std::optional<XMLNode> tree = XMLReader::dictionaryForXMLString(text, &error, limits);
     if (!tree)
         return invalidXMLData(error.description());
 
@@ -160,6 +186,8 @@ CxFImportOutcome importCxFDocument(std::string_view text)
         return refusal(CxFImportStatus::NoColor, std::string_view(), false);
     return readColors(*colors, std::move(caption));
 }
+
+} // namespace
 
 CxFImportOutcome importUnreadableDocument(std::string detail)
 {
@@ -213,14 +241,14 @@ SpectrumBuffer createSpectralFromReflectancePoints(const XMLNode *points)
         return spectrum;
     for (std::size_t i = 0; i < list.size(); ++i) {
         const XMLNode &point = list[i];
-        if (const std::string *text = point.stringValue()) {
+        if (const XMLText *text = point.stringValue()) {
             spectrum[i] = {0, static_cast<double>(floatValue(*text))};
             continue;
         }
         const XMLNode *wavelength = point.find("Wavelength");
         const XMLNode *value = point.find("text");
-        const std::string *wavelengthText = wavelength ? wavelength->stringValue() : nullptr;
-        const std::string *valueText = value ? value->stringValue() : nullptr;
+        const XMLText *wavelengthText = wavelength ? wavelength->stringValue() : nullptr;
+        const XMLText *valueText = value ? value->stringValue() : nullptr;
         spectrum[i].wavelength =
             static_cast<uint32_t>(wavelengthText ? intValue(*wavelengthText) : 0);
         spectrum[i].value = valueText ? static_cast<double>(floatValue(*valueText)) : 0.0;

@@ -89,6 +89,20 @@ inline constexpr std::string_view kAcceptedIlluminant = "Illuminant_D50";
 // about 30 MiB. Bounds the memory that parsing can take.
 inline constexpr std::size_t kMaxCxFDocumentBytes = std::size_t{64} << 20;
 
+// The budget of a document while it is read (XMLReadLimits), from the largest real project
+// with room to spare: a project of 10,000 patches with 36 spectral points has about 420,000
+// elements and 370,000 attributes, about 230 bytes of text per patch, and nests 8 levels
+// deep; one element carries at most a handful of attributes, and the whole format has fewer
+// than a hundred distinct names. A document over budget
+// is refused as invalid XML as soon as the budget runs out (docs/cxf-import.md).
+inline constexpr std::size_t kMaxCxFElements = std::size_t{1} << 20;   // 1,048,576
+inline constexpr std::size_t kMaxCxFAttributes = std::size_t{1} << 20; // in the whole document
+inline constexpr std::size_t kMaxCxFNames = 4096; // distinct element and attribute names
+inline constexpr std::size_t kMaxCxFAttributesPerElement = 64;
+inline constexpr std::size_t kMaxCxFDepth = 64;
+inline constexpr std::size_t kMaxCxFTextBytes = std::size_t{16} << 20;   // after trimming
+inline constexpr std::size_t kMaxCxFParserBytes = std::size_t{16} << 20; // expat's own memory
+
 // What happened to a document; each refusal is one row of the failure table.
 enum class CxFImportStatus {
     Accepted,              // a sample, with lab, caption and patchCount
@@ -125,7 +139,8 @@ struct CxFImportOutcome {
 
 // Reads text, a whole CxF document in UTF-8, through XMLReader::dictionaryForXMLString (so
 // lines are trimmed and joined first), checks the measurement conditions and averages all
-// patches. Never throws on bad input; every refusal is a status.
+// patches, within the budget above. Never throws on bad input; every refusal is a status, and
+// running out of memory while reading is InvalidXMLData too.
 // Example: a one-patch document from an untitled palette whose patch is named "Sample A"
 // with L 51.23, a −3.45, b 12.1 gives Accepted, caption "Sample A –– one patch", lab
 // (51.229999542236328, −3.4500000476837158, 12.100000381469727, 1), patchCount 1.

@@ -140,6 +140,13 @@ std::size_t utf8SequenceLength(std::string_view text, std::size_t i)
 bool isValidUtf8(std::string_view text)
 {
     for (std::size_t i = 0; i < text.size();) {
+        // Runs of ASCII (no byte with its high bit set) go eight bytes at a time.
+        uint64_t word;
+        while (i + sizeof word <= text.size() && (std::memcpy(&word, text.data() + i, sizeof word),
+                                                  (word & 0x8080808080808080u) == 0))
+            i += sizeof word;
+        if (i == text.size())
+            break;
         const std::size_t length = utf8SequenceLength(text, i);
         if (length == 0)
             return false;

@@ -1,0 +1,70 @@
+#pragma once
+// The arena of a tree read by XMLReader: chunks taken from the heap, carved up in order, all
+// freed together with the tree (XMLNode.h). Nothing in it is freed on its own.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <new>
+#include <string_view>
+#include <vector>
+
+class XMLArena
+{
+public:
+    XMLArena() = default;
+    XMLArena(const XMLArena &) = delete;
+    XMLArena &operator=(const XMLArena &) = delete;
+    ~XMLArena()
+    {
+        for (void *chunk : chunks_)
+            ::operator delete(chunk);
+    }
+
+    // bytes of storage aligned to align (a power of two, at most alignof(std::max_align_t)).
+    void *allocate(std::size_t bytes, std::size_t align)
+    {
+        std::size_t at = (used_ + align - 1) & ~(align - 1);
+        if (at + bytes > size_) {
+            grow(bytes);
+            at = 0;
+        }
+        used_ = at + bytes;
+        return chunk_ + at;
+    }
+
+    // A copy of text (not NUL-terminated); an empty text takes no room.
+    const char *copy(std::string_view text)
+    {
+        if (text.empty())
+            return "";
+        char *bytes = static_cast<char *>(allocate(text.size(), 1));
+        std::memcpy(bytes, text.data(), text.size());
+        return bytes;
+    }
+
+    // Bytes taken from the heap so far.
+    std::size_t reservedBytes() const noexcept { return reserved_; }
+
+private:
+    // Chunks grow from 16 KiB to 1 MiB so that small documents stay small; a larger request
+    // gets a chunk of its own size.
+    void grow(std::size_t bytes)
+    {
+        const std::size_t size = std::max(bytes, nextChunk_);
+        chunks_.reserve(chunks_.size() + 1);
+        chunk_ = static_cast<char *>(::operator new(size));
+        chunks_.push_back(chunk_);
+        size_ = size;
+        used_ = 0;
+        reserved_ += size;
+        nextChunk_ = std::min<std::size_t>(nextChunk_ * 2, std::size_t{1} << 20);
+    }
+
+    std::vector<void *> chunks_;
+    char *chunk_ = nullptr;
+    std::size_t size_ = 0;
+    std::size_t used_ = 0;
+    std::size_t reserved_ = 0;
+    std::size_t nextChunk_ = std::size_t{16} << 10;
+};
