@@ -1,25 +1,19 @@
-// Linear RGB ⇄ XYZ: the fixed sRGB matrices and the working-space builders.
-//
-// [IEC61966-2-1] / [Lindbloom] publish the sRGB matrices to seven decimals; their rows sum to
-// Lindbloom's D65 white (0.95047, 1.00000, 1.08883). The matrix for the sRGB chromaticities
-// with the white (0.31271, 0.32902) was worked out outside this code base with exact rational
-// arithmetic (Python fractions), printed to 17 significant digits:
-//   0.41238656325299170 0.35759149092062537 0.18045049120356368
-//   0.21263682167732384 0.71518298184125070 0.07218019648142547
-//   0.01933062015248399 0.11919716364020845 0.95037258700543540
+// XYZ, matrices, adaptation, RGB working spaces, ICC profile matrices and the Lab profiles:
+// tests/data/reference/rgb_colorspaces.csv, every working space, profiles made in memory.
+#include "adaptation.h"
+#include "icc_colorspace_matrix.h"
+#include "lab_colorspaces.h"
+#include "matrix3x3.h"
 #include "rgb_colorspaces.h"
 
-#include "matrix3x3.h"
+#include "csv_table.h"
 
-#include "tolerance.h"
+#include <lcms2.h>
 
-#include <cmath>
-#include <limits>
+#include <memory>
 #include <string>
 
 namespace {
-
-constexpr XYZTriple kD65 = {0.9504285453771807, 1, 1.0889003707981277};
 
 // The sixteen working spaces, in the order of their table.
 const ColorSpaceChromaticities *const kWorkingSpaces[] = {
@@ -33,141 +27,149 @@ const ColorSpaceChromaticities *const kWorkingSpaces[] = {
     &gColorSpaceChromaticities_sRGB,          &gColorSpaceChromaticities_WideGamutRGB,
 };
 
-TEST(FixedSRGB, PublishedMatricesAreInversesAndMapWhiteToD65)
-{
-    const XYZColor white = XYZ_from_sRGB({1, 1, 1, 0.5});
-    EXPECT_CLOSE(white.X, 0.95047, 1e-12);
-    EXPECT_CLOSE(white.Y, 1.0000001, 1e-12);
-    EXPECT_CLOSE(white.Z, 1.08883, 1e-12);
-    EXPECT_EQ(white.alpha, 0.5);
+constexpr double kIdentity[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
 
-    // Both matrices carry seven decimals, so there and back agrees to a few 1e-7.
-    for (double r = 0; r <= 1; r += 0.25)
-        for (double g = 0; g <= 1; g += 0.25)
-            for (double b = 0; b <= 1; b += 0.25) {
-                const RGBColor back = sRGB_from_XYZ(XYZ_from_sRGB({r, g, b, 1}));
-                EXPECT_CLOSE(back.r, r, 3e-7);
-                EXPECT_CLOSE(back.g, g, 3e-7);
-                EXPECT_CLOSE(back.b, b, 3e-7);
-            }
-}
-
-TEST(FixedSRGB, ResultIsClampedToTheUnitRange)
+Values inverted(const Values &v)
 {
-    // r = 3.2404542·0.5 − 1.5371385·1.2 − 0.4985314·0.1 = −0.2742; g = 1.7707;
-    // b = −0.1113: all three and the alpha leave 0..1.
-    const RGBColor rgb = sRGB_from_XYZ({0.5, 1.2, 0.1, 1.5});
-    EXPECT_EQ(rgb.r, 0);
-    EXPECT_EQ(rgb.g, 1);
-    EXPECT_EQ(rgb.b, 0);
-    EXPECT_EQ(rgb.alpha, 1);
-    EXPECT_EQ(sRGB_from_XYZ({0, 0, 0, -2}).alpha, 0);
-    EXPECT_TRUE(std::isnan(sRGB_from_XYZ({std::nan(""), 0, 0, 1}).r)); // NaN passes through
-}
-
-TEST(WorkingSpaceMatrix, SRGBChromaticitiesAgainstExactArithmetic)
-{
-    const double exact[9] = {0.41238656325299170, 0.35759149092062537, 0.18045049120356368,
-                             0.21263682167732384, 0.71518298184125070, 0.07218019648142547,
-                             0.01933062015248399, 0.11919716364020845, 0.95037258700543540};
     double m[9];
-    RGB_to_XYZ_matrix_for_colorspace_chromaticities(m, &gColorSpaceChromaticities_sRGB);
-    for (int i = 0; i < 9; ++i)
-        EXPECT_CLOSE(m[i], exact[i], 1e-15);
-    EXPECT_CLOSE(m[3] + m[4] + m[5], 1, kTolUlps);
-
-    const XYZColor white =
-        XYZ_from_RGB_using_colorspace_chromaticities({1, 1, 1, 1}, gColorSpaceChromaticities_sRGB);
-    EXPECT_CLOSE(white.X, kD65.X, kTolUlps);
-    EXPECT_CLOSE(white.Y, kD65.Y, kTolUlps);
-    EXPECT_CLOSE(white.Z, kD65.Z, kTolUlps);
+    Values result = {double(invert_3x3_matrix(m, v.data()))};
+    result.insert(result.end(), m, m + 9);
+    return result;
 }
 
-TEST(WorkingSpaceMatrix, EverySpaceMapsWhiteToItsWhiteAndRoundTrips)
+auto productFn(void (*multiply)(double *, const double *, const double *), std::size_t split,
+               std::size_t size)
+{
+    return [=](const Values &v) {
+        double m[9];
+        multiply(m, v.data(), v.data() + split);
+        return Values(m, m + size);
+    };
+}
+
+// The adaptation matrix, column by column, by adapting the unit vectors.
+Values adaptationMatrix(const Values &v)
+{
+    const auto from = record<XYZTriple>(v, 1), to = record<XYZTriple>(v, 4);
+    Values T(9);
+    for (int column = 0; column < 3; ++column) {
+        XYZTriple unit{}, out{};
+        (&unit.X)[column] = 1;
+        EXPECT_EQ(adapt_XYZ_to_XYZ(&unit, &from, &out, &to, unsigned(v[0])), 0);
+        for (int row = 0; row < 3; ++row)
+            T[3 * row + column] = (&out.X)[row];
+    }
+    return T;
+}
+
+Values adapted(const Values &v)
+{
+    const auto source = record<XYZTriple>(v, 1), from = record<XYZTriple>(v, 4),
+               to = record<XYZTriple>(v, 7);
+    XYZTriple out = {-7, -7, -7};
+    const int status = adapt_XYZ_to_XYZ(&source, &from, &out, &to, unsigned(v[0]));
+    return {double(status), out.X, out.Y, out.Z};
+}
+
+struct ProfileCloser {
+    void operator()(void *profile) const { cmsCloseProfile(profile); }
+};
+using Profile = std::unique_ptr<void, ProfileCloser>;
+
+// Saved to memory and opened again, so that the tags are read back as a file holds them.
+Profile reopened(cmsHPROFILE profile)
+{
+    cmsUInt32Number size = 0;
+    cmsSaveProfileToMem(profile, nullptr, &size);
+    std::vector<unsigned char> bytes(size);
+    cmsSaveProfileToMem(profile, bytes.data(), &size);
+    cmsCloseProfile(profile);
+    return Profile(cmsOpenProfileFromMem(bytes.data(), size));
+}
+
+// A version 2 RGB display profile with the sRGB primaries and white: LittleCMS adapts the
+// colorants to D50; the "wtpt" tag is then set to the D65 white as version 2 profiles carry it.
+Profile version2SRGB()
+{
+    const cmsCIExyY d65 = {0.31271, 0.32902, 1};
+    const cmsCIExyYTRIPLE primaries = {{0.64, 0.33, 1}, {0.3, 0.6, 1}, {0.15, 0.06, 1}};
+    cmsToneCurve *gamma = cmsBuildGamma(nullptr, 2.2);
+    cmsToneCurve *curves[3] = {gamma, gamma, gamma};
+    cmsHPROFILE profile = cmsCreateRGBProfile(&d65, &primaries, curves);
+    cmsFreeToneCurve(gamma);
+    cmsCIEXYZ white;
+    cmsxyY2XYZ(&white, &d65);
+    cmsWriteTag(profile, cmsSigMediaWhitePointTag, &white);
+    cmsSetProfileVersion(profile, 2.1);
+    return reopened(profile);
+}
+
+// Profiles by number in the reference table: 0 none, 1 a version 2 sRGB profile, 3 the D50 Lab
+// profile (not RGB: the caller's matrix stays, and the inverse inverts it).
+Values profileMatrix(const Values &v)
+{
+    const Profile made = v[0] == 1 ? version2SRGB() : nullptr;
+    double m[9] = {2, 0, 0, 0, 4, 0, 0, 0, 8};
+    RGB_to_XYZ_matrix_for_colorspace(m, v[0] == 3 ? CGColorSpaceD50Lab() : made.get());
+    if (v[0] == 3)
+        XYZ_to_RGB_matrix_for_colorspace(m, CGColorSpaceD50Lab());
+    return Values(m, m + 9);
+}
+
+TEST(RGBColorSpaces, ReferenceValues)
+{
+    expectReferenceTable(
+        "rgb_colorspaces.csv",
+        {
+            {"invert_3x3_matrix", inverted},
+            {"multiply_3x3_by_3x1_matrix", productFn(multiply_3x3_by_3x1_matrix, 9, 3)},
+            {"multiply_1x3_by_3x3_matrix", productFn(multiply_1x3_by_3x3_matrix, 3, 3)},
+            {"multiply_3x3_by_3x3_matrix", productFn(multiply_3x3_by_3x3_matrix, 9, 9)},
+            {"adaptation_matrix", adaptationMatrix},
+            {"adapt_XYZ_to_XYZ", adapted},
+            REFERENCE_FN(is_XYZ_D50, double(is_XYZ_D50(record<XYZTriple>(v)))),
+            REFERENCE_FN(are_XYZs_Adapted_to_D50, double(are_XYZs_Adapted_to_D50(
+                                                      record<XYZTriple>(v), record<XYZTriple>(v, 3),
+                                                      record<XYZTriple>(v, 6)))),
+            REFERENCE_FN(XYZ_from_sRGB, values(XYZ_from_sRGB(record<RGBColor>(v)))),
+            REFERENCE_FN(sRGB_from_XYZ, values(sRGB_from_XYZ(record<XYZColor>(v)))),
+            {"RGB_to_XYZ_matrix_for_sRGB_chromaticities",
+             [](const Values &) {
+                 double m[9];
+                 RGB_to_XYZ_matrix_for_colorspace_chromaticities(m,
+                                                                 &gColorSpaceChromaticities_sRGB);
+                 return Values(m, m + 9);
+             }},
+            {"RGB_to_XYZ_matrix_for_colorspace", profileMatrix},
+            REFERENCE_FN(RGB_from_XYZ_using_matrix,
+                         values(RGB_from_XYZ_using_matrix(kIdentity, record<XYZColor>(v)))),
+            REFERENCE_FN(sRGB_from_D50_Lab, values(sRGB_from_D50_Lab(record<LabColor>(v)))),
+            {"sRGB8_from_D50_Lab",
+             [](const Values &v) {
+                 const auto c = sRGB8_from_D50_Lab({v[0], v[1], v[2], 1});
+                 return Values{double(c[0]), double(c[1]), double(c[2])};
+             }},
+        });
+}
+
+TEST(RGBColorSpaces, EveryWorkingSpaceMapsWhiteToItsWhiteAndRoundTrips)
 {
     for (const ColorSpaceChromaticities *space : kWorkingSpaces) {
         SCOPED_TRACE(space->name);
-        double m[9], inverse[9], product[9];
+        double m[9], inverse[9], identity[9];
         RGB_to_XYZ_matrix_for_colorspace_chromaticities(m, space);
         XYZ_to_RGB_matrix_for_colorspace_chromaticities(inverse, space);
-        multiply_3x3_by_3x3_matrix(product, inverse, m);
+        multiply_3x3_by_3x3_matrix(identity, inverse, m);
         for (int i = 0; i < 9; ++i)
-            EXPECT_CLOSE(product[i], i % 4 == 0 ? 1 : 0, 1e-13);
-
+            EXPECT_CLOSE(identity[i], kIdentity[i], 1e-13);
         const XYZColor white = XYZ_from_RGB_using_matrix(m, {1, 1, 1, 1});
         EXPECT_CLOSE(white.X, space->wx / space->wy, 1e-14);
         EXPECT_CLOSE(white.Y, 1, 1e-14);
-
         const RGBColor back = RGB_from_XYZ_using_colorspace_chromaticities(
             XYZ_from_RGB_using_colorspace_chromaticities({0.2, 0.5, 0.7, 1}, *space), *space);
         EXPECT_CLOSE(back.r, 0.2, kTolRoundTrip);
-        EXPECT_CLOSE(back.g, 0.5, kTolRoundTrip);
         EXPECT_CLOSE(back.b, 0.7, kTolRoundTrip);
     }
-}
-
-TEST(WorkingSpaceTable, StoredLuminancesMatchTheBuiltMatrices)
-{
-    // A transcription check of the table: the stored Y of each primary is the middle row of
-    // the matrix built from the x, y pairs, as tabulated by [Lindbloom] to six decimals (within
-    // 3e-5: the tabulated whites differ slightly). NTSC's luminances were tabulated for another
-    // C white and agree within 2e-4 only.
-    for (const ColorSpaceChromaticities *space : kWorkingSpaces) {
-        SCOPED_TRACE(space->name);
-        double m[9];
-        RGB_to_XYZ_matrix_for_colorspace_chromaticities(m, space);
-        const double tolerance = std::string(space->name) == "NTSC RGB" ? 2e-4 : 3e-5;
-        EXPECT_CLOSE(m[3], space->rY, tolerance);
-        EXPECT_CLOSE(m[4], space->gY, tolerance);
-        EXPECT_CLOSE(m[5], space->bY, tolerance);
-    }
-    EXPECT_STREQ(gColorSpaceChromaticities_PALSECAMRGB.name, "PAL/SECAM RGB");
-    EXPECT_EQ(gColorSpaceChromaticities_ECIRGB.gamma, 1.0); // nominal, kept as listed
-    EXPECT_EQ(gColorSpaceChromaticities_CIERGB.wx, 0.3333333333333333);
-}
-
-TEST(WorkingSpaceMatrix, ZeroChromaticityYKeepsGoing)
-{
-    // A primary with y = 0 becomes (0, Y, 0); a white with y = 0 becomes (0, 1, 0). Nothing
-    // is reported; the matrix is whatever the adjugate gives, and must simply be finite.
-    ColorSpaceChromaticities broken = gColorSpaceChromaticities_sRGB;
-    broken.by = 0;
-    broken.wy = 0;
-    double m[9];
-    RGB_to_XYZ_matrix_for_colorspace_chromaticities(m, &broken);
-    for (double v : m)
-        EXPECT_TRUE(std::isfinite(v));
-}
-
-TEST(RGBFromXYZUsingMatrix, ClampsButTheForwardPathDoesNot)
-{
-    const double identity[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};
-    const XYZColor xyz = XYZ_from_RGB_using_matrix(identity, {-0.5, 2, 0.5, 3});
-    EXPECT_EQ(xyz.X, -0.5);
-    EXPECT_EQ(xyz.Y, 2);
-    EXPECT_EQ(xyz.alpha, 3);
-    const RGBColor rgb = RGB_from_XYZ_using_matrix(identity, {-0.5, 2, 0.5, 3});
-    EXPECT_EQ(rgb.r, 0);
-    EXPECT_EQ(rgb.g, 1);
-    EXPECT_EQ(rgb.b, 0.5);
-    EXPECT_EQ(rgb.alpha, 1);
-}
-
-TEST(RGBConversions, DegenerateSweepNeverCrashes)
-{
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const double inf = std::numeric_limits<double>::infinity();
-    const double values[] = {-1, 0, 1, inf, -inf, nan};
-    for (double a : values)
-        for (double b : values) {
-            const RGBColor rgb = {a, b, 0.5, 1};
-            const XYZColor xyz = {a, b, 0.5, 1};
-            const RGBColor back = sRGB_from_XYZ(xyz);
-            EXPECT_TRUE(std::isnan(back.r) || (back.r >= 0 && back.r <= 1));
-            XYZ_from_sRGB(rgb);
-            XYZ_from_RGB_using_colorspace_chromaticities(rgb, gColorSpaceChromaticities_AdobeRGB);
-            RGB_from_XYZ_using_colorspace_chromaticities(xyz, gColorSpaceChromaticities_AdobeRGB);
-        }
 }
 
 } // namespace

@@ -1,193 +1,143 @@
-// Weights, transfer curves and lightness against [IEC61966-2-1], [ITU-R-BT709], [SMPTE240M],
-// [CIE015-2004], hand calculation, and LittleCMS's CIELAB for the lightness scale.
+// Weights, transfer curves, lightness, gamut handling and integer encodings: tests/data/
+// reference/rgb_transfer.csv, round trips and every integer code.
+#include "rgb_encoding.h"
 #include "rgb_transfer.h"
 
-#include "tolerance.h"
-
-#include <lcms2.h>
-
-#include <cmath>
-#include <limits>
+#include "csv_table.h"
 
 namespace {
 
-const double nan = std::numeric_limits<double>::quiet_NaN();
-const double inf = std::numeric_limits<double>::infinity();
+RGBColor rgba(const Values &v)
+{
+    return {v[0], v[1], v[2], v[3]};
+}
 
-// Each curve through its rgb_ form (alpha must survive); the E709 forms must agree with theirs.
-double through(void (*curve)(RGBColor *), double v, void (*single)(double *) = nullptr)
+Values values(RGBColor c)
+{
+    return {c.r, c.g, c.b, c.alpha};
+}
+
+// A curve applied through its RGB form to (v, v, v, 0.25): the value and the alpha.
+Values curve(void (*rgbCurve)(RGBColor *), double v)
 {
     RGBColor c{v, v, v, 0.25};
-    curve(&c);
-    EXPECT_EQ(c.alpha, 0.25);
-    if (single) {
-        single(&v);
-        EXPECT_CLOSE(c.g, v, 0);
-    }
-    return c.b;
+    rgbCurve(&c);
+    return {c.b, c.alpha};
 }
+
+auto curveFn(void (*rgbCurve)(RGBColor *))
+{
+    return [rgbCurve](const Values &v) { return curve(rgbCurve, v[0]); };
+}
+
+// The Rec. 709 curves through their RGB form and their one-value form.
+auto rec709Fn(void (*rgbCurve)(RGBColor *), void (*single)(double *))
+{
+    return [=](const Values &v) {
+        double w = v[0];
+        single(&w);
+        return Values{curve(rgbCurve, v[0])[0], w, curve(rgbCurve, v[0])[1]};
+    };
+}
+
+auto inPlaceFn(void (*f)(RGBColor *))
+{
+    return [f](const Values &v) {
+        RGBColor c = rgba(v);
+        f(&c);
+        return values(c);
+    };
+}
+
+// The integer encoders on (r, g, b, alpha): the four codes.
+template <typename Int>
+Values codes(void (*encode)(Int *, Int *, Int *, Int *, RGBColor), const Values &v)
+{
+    Int c[4];
+    encode(&c[0], &c[1], &c[2], &c[3], rgba(v));
+    return {double(c[0]), double(c[1]), double(c[2]), double(c[3])};
+}
+
+TEST(RGBTransfer, ReferenceValues)
+{
+    expectReferenceTable(
+        "rgb_transfer.csv",
+        {
+            REFERENCE_FN(luminance_from_linear_NTSC, luminance_from_linear_NTSC(v[0], v[1], v[2])),
+            REFERENCE_FN(luma_from_gamma_NTSC, luma_from_gamma_NTSC(v[0], v[1], v[2])),
+            REFERENCE_FN(luma_from_gamma_SMPTE_240M, luma_from_gamma_SMPTE_240M(v[0], v[1], v[2])),
+            REFERENCE_FN(luminance_from_linear_sRGB, luminance_from_linear_sRGB(v[0], v[1], v[2])),
+            REFERENCE_FN(luma_from_gamma_sRGB, luma_from_gamma_sRGB(v[0], v[1], v[2])),
+            {"sRGB_decoded", curveFn(rgb_sRGB_to_linear)},
+            {"sRGB_encoded", curveFn(rgb_linear_to_sRGB)},
+            {"Rec709_decoded", rec709Fn(rgb_Rec709_to_linear, E709_to_linear)},
+            {"Rec709_encoded", rec709Fn(rgb_linear_to_Rec709, linear_to_E709)},
+            REFERENCE_FN(lightness_from_luminance, lightness_from_luminance(v[0], v[1])),
+            REFERENCE_FN(luminance_from_lightness, luminance_from_lightness(v[0])),
+            {"rgb_clamp_to_black", inPlaceFn(rgb_clamp_to_black)},
+            {"rgb_clamp_to_gamut", inPlaceFn(rgb_clamp_to_gamut)},
+            {"rgb_scale_to_gamut", inPlaceFn(rgb_scale_to_gamut)},
+            {"rgb_saturate", inPlaceFn(rgb_saturate)},
+            {"rgb_premultiply_alpha", inPlaceFn(rgb_premultiply_alpha)},
+            {"rgb_unpremultiply_alpha", inPlaceFn(rgb_unpremultiply_alpha)},
+            REFERENCE_FN(rgb_float_to_chars, codes(rgb_float_to_chars, v)),
+            REFERENCE_FN(rgb_float_to_shorts, codes(rgb_float_to_shorts, v)),
+            REFERENCE_FN(rgb_float_from_chars,
+                         values(rgb_float_from_chars(int(v[0]), int(v[1]), int(v[2]), int(v[3])))),
+            REFERENCE_FN(rgb_float_from_shorts,
+                         values(rgb_float_from_shorts(int(v[0]), int(v[1]), int(v[2]), int(v[3])))),
+            REFERENCE_FN(rgb_float_from_rgb_char, values(rgb_float_from_rgb_char(uint32_t(v[0])))),
+            REFERENCE_FN(rgb_char_from_rgb_float, double(rgb_char_from_rgb_float(rgba(v)))),
+        });
+}
+
 double sRGB_decoded(double v)
 {
-    return through(rgb_sRGB_to_linear, v);
-}
-double sRGB_encoded(double v)
-{
-    return through(rgb_linear_to_sRGB, v);
-}
-double E709_decoded(double v)
-{
-    return through(rgb_Rec709_to_linear, v, E709_to_linear);
-}
-double E709_encoded(double v)
-{
-    return through(rgb_linear_to_Rec709, v, linear_to_E709);
+    return curve(rgb_sRGB_to_linear, v)[0];
 }
 
-TEST(Weights, KeptFourDigitSetsWhiteSumsAndPublishedRoundings)
-{
-    struct Case {
-        const char *name;
-        double (*fn)(double, double, double);
-        double red, green, blue;
-    };
-    const Case cases[] = {
-        {"luminance NTSC", luminance_from_linear_NTSC, 0.299, 0.5864, 0.1146},
-        {"luma NTSC", luma_from_gamma_NTSC, 0.299, 0.5864, 0.1146},
-        {"luma SMPTE 240M", luma_from_gamma_SMPTE_240M, 0.2124, 0.7011, 0.0866},
-        {"luminance sRGB", luminance_from_linear_sRGB, 0.212671, 0.71516, 0.072169},
-        {"luma sRGB", luma_from_gamma_sRGB, 0.212671, 0.71516, 0.072169},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(c.fn(1, 0, 0), c.red);
-        EXPECT_EQ(c.fn(0, 1, 0), c.green);
-        EXPECT_EQ(c.fn(0, 0, 1), c.blue);
-    }
-    // White: NTSC and sRGB sum to 1; the kept SMPTE 240M digits sum to 1.0001.
-    EXPECT_CLOSE(luminance_from_linear_NTSC(1, 1, 1), 1, kTolUlps);
-    EXPECT_CLOSE(luminance_from_linear_sRGB(1, 1, 1), 1, kTolUlps);
-    EXPECT_CLOSE(luma_from_gamma_SMPTE_240M(1, 1, 1), 1.0001, kTolUlps);
-    // [SMPTE240M] prints 0.212, 0.701, 0.087: the kept weights round to them.
-    EXPECT_CLOSE(luma_from_gamma_SMPTE_240M(1, 0, 0), 0.212, 5e-4);
-    EXPECT_CLOSE(luma_from_gamma_SMPTE_240M(0, 1, 0), 0.701, 5e-4);
-    EXPECT_CLOSE(luma_from_gamma_SMPTE_240M(0, 0, 1), 0.087, 5e-4);
-}
-
-TEST(SRGBCurve, PublishedValuesAndBreakPointsOnTheLinearSide)
-{
-    // [IEC61966-2-1]: ((0.5 + 0.055) / 1.055)^2.4 = 0.526066^2.4 = 0.214041140.
-    EXPECT_CLOSE(sRGB_decoded(0.5), 0.214041140, 1e-9);
-    EXPECT_CLOSE(sRGB_encoded(0.21404114048223255), 0.5, kTolRoundTrip);
-    EXPECT_CLOSE(sRGB_decoded(128 / 255.0), 0.2158605, 1e-7); // 8-bit code 128
-    EXPECT_EQ(sRGB_decoded(0), 0);
-    EXPECT_CLOSE(sRGB_decoded(1), 1, kTolUlps);
-    EXPECT_CLOSE(sRGB_encoded(1), 1, kTolUlps);
-    // 0.04045 takes the linear segment: 0.04045 / 12.92. The next double up takes the power
-    // segment, 2.3e-9 higher (the two segments do not quite meet).
-    EXPECT_CLOSE(sRGB_decoded(0.04045), 0.0031308049535603713, kTolUlps);
-    EXPECT_CLOSE(sRGB_decoded(std::nextafter(0.04045, 1)), 0.0031308072830676845, 1e-15);
-    // 0.0031308 × 12.92 = 0.040449936; above, 1.055 v^(1/2.4) − 0.055 = 0.0404499075.
-    EXPECT_CLOSE(sRGB_encoded(0.0031308), 0.040449936, kTolUlps);
-    EXPECT_CLOSE(sRGB_encoded(std::nextafter(0.0031308, 1)), 0.04044990748269014, 1e-15);
-    EXPECT_CLOSE(sRGB_decoded(-0.1), -0.1 / 12.92, kTolUlps); // negative: linear segment
-}
-
-TEST(Rec709Curve, PublishedValuesAndTheGapBetweenItsSegments)
-{
-    // [ITU-R-BT709] OETF: 4.5 L up to 0.018, 1.099 L^0.45 − 0.099 above.
-    EXPECT_CLOSE(E709_encoded(0.018), 0.081, kTolUlps);
-    EXPECT_CLOSE(E709_decoded(0.081), 0.018, kTolUlps);
-    EXPECT_CLOSE(E709_encoded(1), 1, kTolUlps);
-    EXPECT_CLOSE(E709_decoded(1), 1, kTolUlps);
-    // 18 % grey: 0.18^0.45 = e^(0.45 ln 0.18) = 0.4622455; × 1.099 − 0.099 = 0.4090077.
-    EXPECT_CLOSE(E709_encoded(0.18), 0.4090077288641504, kTolReference);
-    EXPECT_CLOSE(E709_decoded(0.4090077288641504), 0.18, kTolRoundTrip);
-    // The printed constants leave a gap: just above 0.018 the power segment starts at
-    // 1.099 × 0.018^0.45 − 0.099 = 0.0812479, and just above 0.081 the decoder gives
-    // (0.180 / 1.099)^(1/0.45) = 0.0179450, inside the linear segment.
-    EXPECT_CLOSE(E709_encoded(std::nextafter(0.018, 1)), 0.08124794403514046, 1e-15);
-    EXPECT_CLOSE(E709_decoded(std::nextafter(0.081, 1)), 0.017945023366747796, 1e-15);
-}
-
-TEST(TransferCurves, RoundTripsOutsideTheBreakPointGaps)
+TEST(RGBTransfer, CurvesRoundTripOutsideTheBreakPointGaps)
 {
     // Encoded values in (0.040449936, 0.04045] (sRGB) and [0.081, 0.0812479) (Rec. 709) decode
-    // to the other side of the encoder's break point (0.081 / 4.5 is a hair above 0.018) and
-    // come back off by up to 3e-8 and 2.5e-4; elsewhere a round trip is exact to rounding.
+    // to the other side of the encoder's break point and come back off by up to 3e-8 and
+    // 2.5e-4; elsewhere a round trip is exact to rounding. Lightness: above the break the cubic
+    // inverts the cube root.
     for (int i = 0; i <= 2000; ++i) {
         const double v = i / 2000.0;
         SCOPED_TRACE(v);
         if (!(v > 0.040449936 && v <= 0.04045)) {
-            EXPECT_CLOSE(sRGB_encoded(sRGB_decoded(v)), v, kTolRoundTrip);
+            EXPECT_CLOSE(curve(rgb_linear_to_sRGB, sRGB_decoded(v))[0], v, kTolRoundTrip);
         }
+        double w = v;
+        E709_to_linear(&w);
+        linear_to_E709(&w);
         if (!(v >= 0.081 && v < 0.0812480)) {
-            EXPECT_CLOSE(E709_encoded(E709_decoded(v)), v, kTolRoundTrip);
+            EXPECT_CLOSE(w, v, kTolRoundTrip);
+        }
+        if (v >= 0.09) {
+            EXPECT_CLOSE(lightness_from_luminance(luminance_from_lightness(v), 1), v,
+                         kTolRoundTrip);
         }
     }
-    EXPECT_CLOSE(sRGB_encoded(sRGB_decoded(0.04045)), 0.04045, 3e-8);
 }
 
-TEST(Lightness, CIELightnessOverHundredAndItsCubicInverse)
+TEST(RGBEncoding, EveryIntegerCodeComesBackAndPackedBinsAreEquallyWide)
 {
-    // [CIE015-2004]: 1.16 × 0.5^(1/3) − 0.16 = 1.16 × 0.7937005 − 0.16 = 0.7606926.
-    EXPECT_CLOSE(lightness_from_luminance(0.5, 1), 0.7606926101415556, kTolReference);
-    EXPECT_CLOSE(lightness_from_luminance(50, 100), 0.7606926101415556, kTolReference);
-    EXPECT_CLOSE(lightness_from_luminance(1, 1), 1, kTolUlps);
-    // 216/24389 × 24389/27 / 100 = 8 / 100 from the linear segment; the cube root meets it.
-    EXPECT_CLOSE(lightness_from_luminance(216.0 / 24389, 1), 0.08, kTolUlps);
-    EXPECT_CLOSE(lightness_from_luminance(std::nextafter(216.0 / 24389, 1), 1), 0.08, 1e-15);
-    EXPECT_CLOSE(lightness_from_luminance(0.001, 1), 0.009032962962962963, kTolUlps);
-
-    // ((0.5 + 0.16) / 1.16)³ = 0.5689655³ = 0.1841865.
-    EXPECT_CLOSE(luminance_from_lightness(0.5), 0.18418651851244416, kTolRoundTrip);
-    EXPECT_CLOSE(luminance_from_lightness(1), 1, kTolUlps);
-    // At and below 0.08 the linear segment L / 9.03; kept: not the forward slope, so a dark
-    // value comes back 903.2963 / 903 times itself: 0.05 → 0.0500164.
-    EXPECT_CLOSE(luminance_from_lightness(0.08), 0.08 * 0.1107419712070875, kTolUlps);
-    EXPECT_CLOSE(luminance_from_lightness(0.05), 0.005537098560354375, kTolUlps);
-    EXPECT_CLOSE(lightness_from_luminance(luminance_from_lightness(0.05), 1), 0.05001640621795661,
-                 kTolRoundTrip);
-    for (int i = 9; i <= 100; ++i) { // above the break the cubic inverts the cube root
-        const double L = i / 100.0;
-        EXPECT_CLOSE(lightness_from_luminance(luminance_from_lightness(L), 1), L, kTolRoundTrip);
+    for (int k = 0; k <= 65535; ++k) {
+        uint16_t r, g, b, a;
+        rgb_float_to_shorts(&r, &g, &b, &a, rgb_float_from_shorts(k, 0, 0, 65535 - k));
+        ASSERT_TRUE(r == k && a == 65535 - k) << k;
     }
-}
-
-TEST(Lightness, AgreesWithLittleCMSLab)
-{
-    const cmsCIEXYZ white{0.9642, 1.0, 0.8249};
-    for (int i = 0; i <= 1000; ++i) {
-        const double Y = i / 1000.0;
-        const cmsCIEXYZ xyz{Y * white.X, Y, Y * white.Z};
-        cmsCIELab lab;
-        cmsXYZ2Lab(&white, &lab, &xyz);
-        SCOPED_TRACE(Y);
-        EXPECT_CLOSE(lightness_from_luminance(Y, 1), lab.L / 100, kTolRoundTrip);
+    // The packer puts [j/256, (j+1)/256) into byte j, and every packed byte comes back.
+    for (uint32_t j = 0; j < 256; ++j) {
+        const double mid = (j + 0.5) / 256;
+        ASSERT_EQ(rgb_char_from_rgb_float({mid, mid, mid, mid}), j * 0x01010101u);
+        const uint32_t packed = j | (255 - j) << 8 | (j ^ 0x55) << 16 | ((j * 7) & 0xFF) << 24;
+        ASSERT_EQ(rgb_char_from_rgb_float(rgb_float_from_rgb_char(packed)), packed);
+        uint8_t r8, g8, b8, a8;
+        rgb_float_to_chars(&r8, &g8, &b8, &a8, rgb_float_from_chars(int(j), 0, 0, int(255 - j)));
+        ASSERT_TRUE(r8 == j && a8 == 255 - j) << j;
     }
-}
-
-TEST(DegenerateInput, CurvesPassNaNAndEveryFunctionEnds)
-{
-    const double values[] = {-1, 0, 1, inf, -inf, nan};
-    for (double v : values) {
-        SCOPED_TRACE(v);
-        const bool isNaN = std::isnan(v);
-        EXPECT_EQ(std::isnan(sRGB_decoded(v)), isNaN);
-        EXPECT_EQ(std::isnan(sRGB_encoded(v)), isNaN);
-        EXPECT_EQ(std::isnan(E709_decoded(v)), isNaN);
-        EXPECT_EQ(std::isnan(E709_encoded(v)), isNaN);
-        EXPECT_EQ(std::isnan(luminance_from_lightness(v)), isNaN);
-        for (double w : values) {
-            (void)lightness_from_luminance(v, w);
-            (void)luma_from_gamma_sRGB(v, w, v);
-            RGBColor c{v, v, v, 1};
-            rgb_display_gamma_to_linear(&c, w);
-            rgb_image_gamma_to_linear(&c, w);
-        }
-    }
-    EXPECT_CLOSE(lightness_from_luminance(-1, 1), -9.032962962962963, 1e-14); // linear
-    EXPECT_CLOSE(lightness_from_luminance(1, 0), inf, 0);
-    EXPECT_TRUE(std::isnan(lightness_from_luminance(0, 0)));
 }
 
 } // namespace

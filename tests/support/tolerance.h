@@ -9,8 +9,6 @@
 #include <cstdio>
 #include <string>
 
-// Published figures printed to four decimals (Sharma's ΔE00 table, CIE 15 tables).
-inline constexpr double kTolPublished4 = 5e-5 + 1e-12;
 // Published figures printed to five decimals (CIE 15 white points, Robertson's table).
 inline constexpr double kTolPublished5 = 5e-6 + 1e-12;
 // A reference value worked out by hand to about ten significant digits.

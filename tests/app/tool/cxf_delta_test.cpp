@@ -1,232 +1,144 @@
-// cxf-delta as a user runs it: the built executable on the sample documents, with its own
-// settings directory. The tool must decide exactly as the window does, so the expected
-// differences, verdict and highlight are the comparison core's for the Lab values the JSON
-// reports; those are checked against the documents' literals rounded to float and averaged here.
-#include "comparison.h"
-
+// cxf-delta run on the sample documents with its own settings. Expected figures: the literals
+// as floats averaged in double, and CMC 2:1 worked from them outside this code base.
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QString>
+#include <QProcess>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <tuple>
 #include <vector>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
-namespace fs = std::filesystem;
-
 const std::string kSamples = CXF_SOURCE_DIR "/data/samples/";
 const std::string kDefects = CXF_TEST_DATA_DIR "/cxf/";
+const std::string a = kSamples + "sample-a.cxf", b = kSamples + "sample-b.cxf",
+                  reds = kSamples + "brand-reds-project.cxf";
 
 struct ToolRun {
     int status = -1;
     std::string out, err;
+    QJsonObject json() const
+    {
+        return QJsonDocument::fromJson(QByteArray::fromStdString(out)).object();
+    }
 };
 
-std::string slurp(const fs::path &path)
+QJsonValue at(const QJsonObject &object, const char *path)
 {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-std::string quoted(const std::string &word)
-{
-    std::string text = "'";
-    for (char c : word)
-        text += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return text + "'";
+    QJsonValue value = object;
+    for (const QString &key : QString::fromLatin1(path).split(QLatin1Char('.')))
+        value = key.at(0).isDigit() ? value.toArray().at(key.toInt()) : value.toObject().value(key);
+    return value;
 }
 
 // A settings directory of its own for each test, so the user's preferences play no part.
 class CxfDelta : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        home_ = fs::temp_directory_path() /
-                ("cxf-delta-test-" + std::to_string(::getpid()) + "-" +
-                 testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(home_);
-        fs::create_directories(home_ / "config" / "cxf-compare");
-    }
-    void TearDown() override { fs::remove_all(home_); }
-
     ToolRun run(const std::vector<std::string> &arguments)
     {
-        std::string command = "timeout 20 env HOME=" + quoted(home_.string()) +
-                              " XDG_CONFIG_HOME=" + quoted((home_ / "config").string()) + " " +
-                              quoted(CXF_DELTA_PATH);
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("HOME"), home.path());
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
+        QStringList list;
         for (const std::string &argument : arguments)
-            command += " " + quoted(argument);
-        command +=
-            " >" + quoted((home_ / "out").string()) + " 2>" + quoted((home_ / "err").string());
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, slurp(home_ / "out"),
-                slurp(home_ / "err")};
+            list << QString::fromStdString(argument);
+        QProcess tool;
+        tool.setProcessEnvironment(env);
+        tool.start(QStringLiteral(CXF_DELTA_PATH), list);
+        if (!tool.waitForFinished(20000)) {
+            ADD_FAILURE() << "cxf-delta did not finish";
+            tool.kill();
+            tool.waitForFinished();
+        }
+        return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1,
+                tool.readAllStandardOutput().toStdString(),
+                tool.readAllStandardError().toStdString()};
     }
 
-    fs::path home_;
+    QTemporaryDir home;
 };
 
-QJsonObject parsed(const std::string &json)
+TEST_F(CxfDelta, ReadsTheSamplesExactlyAndDecidesAsTheWindowDoes)
 {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(json), &error);
-    EXPECT_EQ(error.error, QJsonParseError::NoError) << json;
-    return document.object();
-}
-
-QJsonValue at(const QJsonObject &object, const char *key)
-{
-    return object.value(QString::fromLatin1(key));
-}
-
-std::string text(const QJsonValue &value)
-{
-    return value.toString().toStdString();
-}
-
-QJsonObject sample(const QJsonObject &json, int index)
-{
-    return at(json, "samples").toArray().at(index).toObject();
-}
-
-LabColor labOf(const QJsonObject &sample)
-{
-    const QJsonArray lab = at(sample, "lab").toArray();
-    return {lab.at(0).toDouble(), lab.at(1).toDouble(), lab.at(2).toDouble(), 1.0};
-}
-
-float floatOf(const QJsonObject &object, const char *key)
-{
-    return static_cast<float>(at(object, key).toDouble());
-}
-
-double f(float v)
-{
-    return static_cast<double>(v);
-}
-
-// The differences, verdict and highlight of the JSON are the window's for its two samples.
-void expectWindowsDecision(const QJsonObject &json)
-{
-    const CmcDifferences d = computeCmcDifferences(labOf(sample(json, 0)), labOf(sample(json, 1)));
-    EXPECT_EQ(floatOf(json, "delta_E"), d.delta_E);
-    EXPECT_EQ(floatOf(json, "delta_L"), d.delta_L);
-    EXPECT_EQ(floatOf(json, "delta_C"), d.delta_C);
-    EXPECT_EQ(floatOf(json, "delta_H"), d.delta_H);
-    EXPECT_EQ(floatOf(json, "delta_H_deg"), d.delta_H_deg);
-    const char *names[] = {"neutral", "match", "mismatch"};
-    const Verdict verdict = verdictFor(d.delta_E, floatOf(json, "tolerance"));
-    EXPECT_EQ(text(at(json, "verdict")), names[static_cast<int>(verdict)]);
-    const Highlight h = highlightFor(d);
-    QJsonArray expected;
-    for (const auto &[on, name] : {std::pair{h.lightness, "delta_L"},
-                                   std::pair{h.chroma, "delta_C"}, std::pair{h.hue, "delta_H"}})
-        if (on)
-            expected.append(QString::fromLatin1(name));
-    EXPECT_EQ(at(json, "highlight").toArray(), expected);
-}
-
-TEST_F(CxfDelta, SamplesAreReadExactlyAndDecidedAsTheWindowDoes)
-{
-    const ToolRun r =
-        run({kSamples + "sample-a.cxf", kSamples + "brand-reds-project.cxf", "--json"});
+    const ToolRun r = run({a, reds, "--json"});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.err, "");
-    const QJsonObject json = parsed(r.out);
-    EXPECT_EQ(floatOf(json, "tolerance"), 2.5f); // the default: no settings stored
-    const QJsonObject a = sample(json, 0), b = sample(json, 1);
-    EXPECT_EQ(text(at(a, "status")), "ok");
-    EXPECT_TRUE(at(a, "message").isNull());
-    EXPECT_EQ(text(at(a, "caption")), "Sample A –– one patch");
-    EXPECT_EQ(labOf(a).L, f(49.02f));
-    EXPECT_EQ(labOf(a).a, f(43.20f));
-    EXPECT_EQ(labOf(a).b, f(36.43f));
-    EXPECT_EQ(text(at(b, "caption")), "Brand Reds –– project with 4 patches averaged");
-    EXPECT_EQ(at(b, "patches").toInt(), 4);
-    EXPECT_EQ(labOf(b).L, (f(49.82f) + f(48.08f) + f(49.41f) + f(48.67f)) / 4);
-    EXPECT_EQ(labOf(b).a, (f(43.85f) + f(43.44f) + f(42.79f) + f(42.88f)) / 4);
-    EXPECT_EQ(labOf(b).b, (f(38.08f) + f(34.85f) + f(38.13f) + f(35.67f)) / 4);
-    EXPECT_EQ(text(at(json, "verdict")), "match");
-    expectWindowsDecision(json);
+    const QJsonObject json = r.json();
+    EXPECT_EQ(at(json, "samples.1.caption").toString(),
+              QStringLiteral("Brand Reds –– project with 4 patches averaged"));
+    EXPECT_EQ(at(json, "samples.1.patches").toInt(), 4);
+    EXPECT_EQ(at(json, "samples.0.lab").toArray(),
+              (QJsonArray{49.02000045776367, 43.20000076293945, 36.43000030517578}));
+    EXPECT_EQ(at(json, "samples.1.lab").toArray(),
+              (QJsonArray{48.99499988555908, 43.239999771118164, 36.68249988555908}));
+    // ΔE 0.1499026144 is stored as the float 0.1499026119709015.
+    const std::pair<const char *, float> stored[] = {{"delta_E", 0.1499026119709015f},
+                                                     {"delta_L", -0.011607903055846691f},
+                                                     {"delta_C", 0.07144775241613388f},
+                                                     {"delta_H", 0.13126793503761292f},
+                                                     {"delta_H_deg", 0.1663539707660675f}};
+    for (const auto &[key, value] : stored)
+        EXPECT_EQ(float(at(json, key).toDouble()), value) << key;
+    EXPECT_EQ(at(json, "tolerance").toDouble(), 2.5); // the default: no settings stored
+    EXPECT_EQ(at(json, "verdict").toString(), QStringLiteral("match"));
+    EXPECT_EQ(at(json, "highlight").toArray(), QJsonArray{QStringLiteral("delta_H")});
+    const ToolRun text = run({a, reds}), same = run({a, a});
+    EXPECT_NE(text.out.find("  D50 L*a*b*      49.020, 43.200, 36.430  (1 patch)\n"),
+              std::string::npos)
+        << text.out;
+    EXPECT_NE(same.out.find("verdict           identical (tolerance 2.5)\n"), std::string::npos);
 }
 
 TEST_F(CxfDelta, ExitStatusFollowsTheVerdictAndTheTolerance)
 {
-    const std::string a = kSamples + "sample-a.cxf", b = kSamples + "sample-b.cxf",
-                      reds = kSamples + "brand-reds-project.cxf";
-    std::ofstream(home_ / "config" / "cxf-compare" / "cxf-compare.conf")
+    QDir(home.path()).mkpath(QStringLiteral("config/cxf-compare"));
+    std::ofstream(
+        home.filePath(QStringLiteral("config/cxf-compare/cxf-compare.conf")).toStdString())
         << "[General]\ndelta_E_CMC_tolerance=0.1\n"; // below the 0.15 of a and reds
-    struct Case {
+    // a and b: ΔE 6.101174 one way, 6.502436 the other.
+    const struct {
         std::vector<std::string> arguments;
         int status;
         const char *verdict;
-        float tolerance;
+    } cases[] = {
+        {{a, b, "--json"}, 1, "mismatch"},
+        {{a, reds, "--json"}, 1, "mismatch"},
+        {{a, a, "--tolerance", "0", "--json"}, 0, "neutral"},
+        {{"--json", b, a, "--tolerance=6.5"}, 1, "mismatch"},
+        {{a, b, "--json", "--tolerance=6.5"}, 0, "match"},
+        // Equal to the stored float is a match; one float less is not.
+        {{a, reds, "--tolerance=0.149902612", "--json"}, 0, "match"},
+        {{a, reds, "--tolerance=0.149902597", "--json"}, 1, "mismatch"},
     };
-    const Case cases[] = {
-        {{a, b, "--json"}, 1, "mismatch", 0.1f},
-        {{"--json", b, a}, 1, "mismatch", 0.1f},
-        {{a, a, "--tolerance", "0", "--json"}, 0, "neutral", 0.0f},
-        {{a, reds, "--json"}, 1, "mismatch", 0.1f},
-        {{a, reds, "--json", "--tolerance=0.2"}, 0, "match", 0.2f},
-    };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.arguments));
         const ToolRun r = run(c.arguments);
         EXPECT_EQ(r.status, c.status) << r.err;
-        const QJsonObject json = parsed(r.out);
-        EXPECT_EQ(text(at(json, "verdict")), c.verdict);
-        EXPECT_EQ(floatOf(json, "tolerance"), c.tolerance);
-        expectWindowsDecision(json);
+        EXPECT_EQ(at(r.json(), "verdict").toString(), QLatin1String(c.verdict));
     }
-    // The printed delta E reads back exactly: as the tolerance it matches, one float less does not.
-    const float deltaE = floatOf(parsed(run({a, reds, "--json"}).out), "delta_E");
-    char printed[32];
-    std::snprintf(printed, sizeof printed, "%.9g", f(deltaE));
-    EXPECT_EQ(run({a, reds, std::string("--tolerance=") + printed}).status, 0);
-    std::snprintf(printed, sizeof printed, "%.9g", f(std::nextafter(deltaE, 0.0f)));
-    EXPECT_EQ(run({a, reds, std::string("--tolerance=") + printed}).status, 1);
 }
 
-TEST_F(CxfDelta, TextReport)
-{
-    const ToolRun r = run({kSamples + "sample-a.cxf", kSamples + "brand-reds-project.cxf"});
-    EXPECT_EQ(r.status, 0);
-    for (const char *line :
-         {"  caption         Sample A –– one patch\n",
-          "  D50 L*a*b*      49.020, 43.200, 36.430  (1 patch)\n",
-          "  caption         Brand Reds –– project with 4 patches averaged\n", "delta E CMC(2:1)  ",
-          " degrees", "verdict           match (tolerance 2.5)\n"})
-        EXPECT_NE(r.out.find(line), std::string::npos) << line << "\nin\n" << r.out;
-    const ToolRun same = run({kSamples + "sample-a.cxf", kSamples + "sample-a.cxf"});
-    EXPECT_NE(same.out.find("verdict           identical (tolerance 2.5)\n"), std::string::npos);
-}
-
-TEST_F(CxfDelta, RefusedDocumentsExitTwoWithTheirMessage)
+TEST_F(CxfDelta, RefusedDocumentsExitTwoAndUsageErrorsSixtyFour)
 {
     // Files that cannot be read as UTF-8 text are refused as the window refuses them, without
     // being read when they are not regular files or too large (none of these may hang).
-    const std::string fifo = (home_ / "fifo.cxf").string(), big = (home_ / "big.cxf").string();
+    const std::string fifo = home.filePath(QStringLiteral("fifo.cxf")).toStdString(),
+                      big = home.filePath(QStringLiteral("big.cxf")).toStdString();
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
     std::ofstream(big).close();
-    fs::resize_file(big, (std::uintmax_t{64} << 20) + 1);
+    std::filesystem::resize_file(big, (std::uintmax_t{64} << 20) + 1);
     const std::string invalid = "Invalid XML data";
-    const std::tuple<std::string, std::string, std::string> cases[] = {
+    const std::tuple<std::string, std::string, std::string> refused[] = {
         {kSamples + "d65-measurement.cxf",
          "The Lab colors were not specified with D50 illuminant and 2° observer.", ""},
         {kDefects + "unbalanced-tags.cxf", invalid, ""},
@@ -238,47 +150,22 @@ TEST_F(CxfDelta, RefusedDocumentsExitTwoWithTheirMessage)
         {"/dev/zero", invalid, "not a regular file"},
         {big, invalid, "larger than the limit of 67108864 bytes"},
     };
-    for (const auto &[file, message, detail] : cases) {
+    for (const auto &[file, message, detail] : refused) {
         SCOPED_TRACE(file);
-        const ToolRun r = run({kSamples + "sample-a.cxf", file, "--json"});
+        const ToolRun r = run({a, file, "--json"});
         EXPECT_EQ(r.status, 2);
-        EXPECT_NE(r.err.find(file + ": "), std::string::npos) << r.err;
+        EXPECT_EQ(r.err.rfind(file + ": ", 0), 0u) << r.err;
         EXPECT_NE(r.err.find(message), std::string::npos) << r.err;
         EXPECT_NE(r.err.find(detail), std::string::npos) << r.err;
-        const QJsonObject json = parsed(r.out);
-        EXPECT_EQ(text(at(sample(json, 0), "status")), "ok");
-        EXPECT_EQ(text(at(sample(json, 1), "status")), "refused");
-        EXPECT_EQ(text(at(sample(json, 1), "message")), message);
-        EXPECT_TRUE(at(sample(json, 1), "lab").isNull());
-        for (const char *key :
-             {"delta_E", "delta_L", "delta_C", "delta_H", "delta_H_deg", "verdict"})
-            EXPECT_TRUE(at(json, key).isNull()) << key;
+        EXPECT_EQ(at(r.json(), "samples.1.message").toString(), QString::fromStdString(message));
+        EXPECT_TRUE(at(r.json(), "delta_E").isNull());
     }
-    const ToolRun both = run({kDefects + "empty.cxf", kSamples + "d65-measurement.cxf"});
-    EXPECT_EQ(both.status, 2);
-    EXPECT_NE(both.err.find("empty.cxf: Invalid XML data\n"), std::string::npos) << both.err;
-    EXPECT_NE(both.err.find("d65-measurement.cxf: The specified Lab colors cannot be used for "
-                            "comparison. The Lab colors were not specified with D50 illuminant "
-                            "and 2° observer.\n"),
-              std::string::npos)
-        << both.err;
-}
-
-TEST_F(CxfDelta, UsageErrors)
-{
-    const std::string a = kSamples + "sample-a.cxf";
-    const std::vector<std::vector<std::string>> cases = {
-        {},
-        {a},
-        {a, a, a},
-        {a, a, "--frobnicate"},
-        {a, a, "--tolerance"},
-        {a, a, "--tolerance", "nan"},
-        {a, a, "--tolerance=2.5x"},
-        {a, a, "--tolerance", "-0.5"},
-        {a, a, "--tolerance=inf"},
-    };
-    for (const auto &arguments : cases) {
+    const std::vector<std::vector<std::string>> usage = {{a},
+                                                         {a, a, "--frobnicate"},
+                                                         {a, a, "--tolerance=2.5x"},
+                                                         {a, a, "--tolerance", "-0.5"},
+                                                         {a, a, "--tolerance=inf"}};
+    for (const auto &arguments : usage) {
         SCOPED_TRACE(testing::PrintToString(arguments));
         const ToolRun r = run(arguments);
         EXPECT_EQ(r.status, 64);
@@ -286,9 +173,6 @@ TEST_F(CxfDelta, UsageErrors)
                   std::string::npos);
         EXPECT_EQ(r.out, "");
     }
-    const ToolRun help = run({"--help"});
-    EXPECT_EQ(help.status, 0);
-    EXPECT_EQ(help.out.rfind("usage: cxf-delta", 0), 0u);
     const ToolRun version = run({"--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out.rfind("cxf-delta 0.", 0), 0u) << version.out;
