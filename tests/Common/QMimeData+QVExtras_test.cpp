@@ -1,5 +1,4 @@
-// The pasteboard helpers over hand-built QMimeData: where a promised file will appear and the
-// two diagnostics' exact output (the reading options are tested through the drop view).
+// The pasteboard helpers: where a promised file will appear, and the two diagnostics' output.
 #include "QMimeData+QVExtras.h"
 
 #include <gtest/gtest.h>

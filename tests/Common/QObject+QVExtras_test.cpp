@@ -118,15 +118,14 @@ TEST(QObjectQVExtras, PropagateValueSteps)
     QVValueTransformer::setValueTransformer(std::make_shared<Negating>(), u"negate"_qs);
     auto oneWay = std::make_shared<Negating>();
     oneWay->reverses = false;
+    const QVariantMap oneWayOptions{
+        {kQVValueTransformerBindingOption,
+         QVariant::fromValue(std::shared_ptr<QVValueTransformer>(oneWay))}};
     Model model;
     // Observed object, key path, options, the value set, the line logged.
     const std::tuple<QObject *, QString, QVariantMap, int, QString> rows[] = {
         {&model, u"xab"_qs, {{kQVValueTransformerNameBindingOption, u"negate"_qs}}, -7, {}},
-        {&model,
-         u"xab"_qs,
-         {{kQVValueTransformerBindingOption,
-           QVariant::fromValue(std::shared_ptr<QVValueTransformer>(oneWay))}},
-         7,
+        {&model, u"xab"_qs, oneWayOptions, 7,
          u"WARNING: binding \"value\" has value transformer, but it doesn't allow reverse "
          "transformations"_qs},
         {nullptr, u"xab"_qs, {}, 0, u"ERROR: NSObservedObjectKey was nil for binding \"value\""_qs},

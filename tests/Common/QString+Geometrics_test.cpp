@@ -1,11 +1,10 @@
-// Text measuring in a monospaced font, so that every expected size is a whole number of
-// character advances by a whole number of line heights (tests/data/geometry/text_sizes.csv).
+// Monospaced text measuring: whole advances by whole lines (tests/data/geometry/text_sizes.csv).
 
 #include "QString+Geometrics.h"
 
 #include <gtest/gtest.h>
 
-#include <QFile>
+#include "qt_csv.h"
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
@@ -31,11 +30,8 @@ TEST(QStringGeometrics, SizesInAdvancesAndLines)
     const auto length = [](const QString &field, double unit) {
         return field == u"max" ? std::numeric_limits<float>::max() : float(field.toDouble() * unit);
     };
-    QFile file(QStringLiteral(CXF_TEST_DATA_DIR "/geometry/text_sizes.csv"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QStringList rows = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    for (const QString &row : rows.mid(1)) {
-        const QStringList f = row.split(u','); // case, text, width, height, expected w and h
+    const std::vector<QStringList> rows = qtCsvRows("geometry/text_sizes.csv");
+    for (const QStringList &f : rows) { // case, text, width, height, expected w and h
         const QString text =
             QString(f[1]).replace(u"\\r"_qs, u"\r"_qs).replace(u"\\n"_qs, u"\n"_qs);
         const QSizeF size =
@@ -43,7 +39,7 @@ TEST(QStringGeometrics, SizesInAdvancesAndLines)
         EXPECT_NEAR(size.width(), f[4].toDouble() * advance, 0.5) << f[0].toStdString();
         EXPECT_NEAR(size.height(), f[5].toDouble() * lineHeight, 0.5) << f[0].toStdString();
     }
-    EXPECT_EQ(rows.size(), 11);
+    EXPECT_EQ(rows.size(), 10u);
     EXPECT_NEAR(heightForWidth(QStringLiteral("aaa bbb"), float(5 * advance), &font),
                 2 * lineHeight, 0.5);
     EXPECT_NEAR(widthForHeight(QStringLiteral("aaa bbb"), float(lineHeight), &font), 7 * advance,

@@ -1,37 +1,27 @@
-// The window's desktop side, headless: the command line of the real executable, File > Open,
-// recent documents, Copy Results, the status bar after a refusal, and readable field text.
-#include "AppDelegate.h"
+// The window's desktop side, headless: command line, File > Open, recents, Copy Results, status.
 #include "BkgndColorView.h"
-#include "DesktopWindow.h"
-#include "MainInterface.h"
 #include "QColor+QVExtras.h"
-#include "UserDefaults.h"
+#include "app_window_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMainWindow>
-#include <QMimeData>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QSettings>
 #include <QStatusBar>
 #include <QStyle>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QUrl>
 
 namespace {
 
 const QString kSamples = QStringLiteral(CXF_SOURCE_DIR "/data/samples/");
-const QString kToleranceKey = QStringLiteral("delta_E_CMC_tolerance");
 
 TEST(CommandLine, AnswersHelpVersionAndTooManyDocumentsBeforeAnyWindow)
 {
@@ -74,31 +64,7 @@ TEST(HueTurn, NamesTheAxisAheadOfTheMiddleOfTheTurn)
         EXPECT_EQ(hueTurnFor(row.hue, row.turn), row.expected) << row.hue << " " << row.turn;
 }
 
-class DesktopWindowTest : public ::testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        UserDefaults::standardUserDefaults()->removeObjectForKey(kToleranceKey);
-        QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("cxf-compare"),
-                  QStringLiteral("cxf-compare"))
-            .remove(QStringLiteral("MainWindow"));
-        controller = std::make_unique<AppDelegate>();
-        controller->setAlertPresenter([](QMessageBox &) {});
-        window = loadMainInterface(*controller);
-        window->show();
-        controller->applicationDidFinishLaunching();
-        desktop = window->findChild<DesktopWindow *>();
-    }
-    void TearDown() override
-    {
-        controller.reset(); // stops observing before the window goes
-        window.reset();
-    }
-    std::unique_ptr<AppDelegate> controller;
-    std::unique_ptr<QMainWindow> window;
-    DesktopWindow *desktop = nullptr;
-};
+using DesktopWindowTest = AppWindowTest;
 
 TEST_F(DesktopWindowTest, OpensThroughTheFileDialogAndRemembersFolderAndDocuments)
 {
@@ -162,12 +128,8 @@ TEST_F(DesktopWindowTest, CopyResultsGivesATabSeparatedTableOnceBothSamplesAreSe
 TEST_F(DesktopWindowTest, TheStatusBarNamesTheRefusedDocumentAndWhy)
 {
     QTemporaryDir dir;
-    QFile binary(dir.filePath(QStringLiteral("binary.cxf"))),
-        huge(dir.filePath(QStringLiteral("huge.cxf")));
-    ASSERT_TRUE(binary.open(QIODevice::WriteOnly) &&
-                binary.write("<CxF:CxF>\xff\xfe</CxF:CxF>") > 0);
+    QFile huge(dir.filePath(QStringLiteral("huge.cxf")));
     ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize((qint64(64) << 20) + 1));
-    binary.close();
     const struct {
         QString path, name, why;
     } rows[] = {
@@ -176,7 +138,8 @@ TEST_F(DesktopWindowTest, TheStatusBarNamesTheRefusedDocumentAndWhy)
         {dir.path(), QFileInfo(dir.path()).fileName(), QStringLiteral("it is a directory")},
         {dir.filePath(QStringLiteral("gone.cxf")), QStringLiteral("gone.cxf"),
          QStringLiteral("no such file")},
-        {binary.fileName(), QStringLiteral("binary.cxf"), QStringLiteral("not UTF-8 text")},
+        {QStringLiteral(CXF_TEST_DATA_DIR "/cxf/invalid-utf8.cxf"),
+         QStringLiteral("invalid-utf8.cxf"), QStringLiteral("not UTF-8 text")},
         {huge.fileName(), QStringLiteral("huge.cxf"), QStringLiteral("larger than 64 MiB")},
     };
     for (const auto &row : rows) {
@@ -187,15 +150,6 @@ TEST_F(DesktopWindowTest, TheStatusBarNamesTheRefusedDocumentAndWhy)
     // An unreadable file is still reported as the import reports any unreadable document.
     EXPECT_TRUE(window->statusBar()->currentMessage().contains(QStringLiteral("Invalid XML data")));
     EXPECT_TRUE(desktop->recentDocuments(DesktopWindow::Swatch::Sample).isEmpty());
-    // A drop of a file that is not UTF-8 says the same.
-    QMimeData mime;
-    mime.setUrls({QUrl::fromLocalFile(binary.fileName())});
-    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(controller->dragView1(), &enter);
-    QCoreApplication::sendEvent(controller->dragView1(), &drop);
-    EXPECT_TRUE(window->statusBar()->currentMessage().contains(
-        QStringLiteral("\u201cbinary.cxf\u201d: it is not UTF-8")));
 }
 
 TEST_F(DesktopWindowTest, FieldTextAndTheEmptyTargetMessageReadWellInLightAndDarkPalettes)

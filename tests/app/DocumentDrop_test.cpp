@@ -13,6 +13,7 @@
 #include <QMainWindow>
 #include <QMimeData>
 #include <QProcess>
+#include <QStatusBar>
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
@@ -49,6 +50,10 @@ TEST(DocumentDrop, OnlyUtf8RegularFilesReachTheSample)
         const bool refused = path != kSampleA;
         EXPECT_EQ(gLog, refused ? QStringList{QStringLiteral("Invalid XML data")} : QStringList{});
         EXPECT_EQ(swatch->swatchLabel(), refused ? before : accepted) << path.toStdString();
+        if (path == kInvalid) { // the window's status bar says why
+            EXPECT_TRUE(window->statusBar()->currentMessage().contains(
+                QStringLiteral("\u201cinvalid-utf8.cxf\u201d: it is not UTF-8")));
+        }
     }
     ::alarm(0);
     EXPECT_EQ(controller.sample1().L, double(49.02f));

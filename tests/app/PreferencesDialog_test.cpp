@@ -1,5 +1,4 @@
-// The tolerance typed in Preferences, key by key, reaches the settings when editing finishes
-// and re-colours the open main window; the field shows what is stored, as it is.
+// The tolerance typed in Preferences reaches the settings and re-colours the main window.
 #include "AppDelegate.h"
 
 #include "MainInterface.h"

@@ -3,27 +3,15 @@
 // tables are (hence a wider tolerance), CIE D65 from its published table; with their colours.
 #include "AppDelegate.h"
 #include "MainInterface.h"
+#include "qt_csv.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QChartView>
-#include <QFile>
 #include <QGraphicsTextItem>
 #include <QMainWindow>
 #include <QTest>
-
-// Rows of plot, nm, value, tolerance, colour.
-static std::vector<QStringList> referencePoints()
-{
-    QFile file(QStringLiteral(CXF_TEST_DATA_DIR "/reference/reference_spectra.csv"));
-    std::vector<QStringList> rows;
-    if (file.open(QIODevice::ReadOnly) && !file.readLine().isEmpty()) {
-        while (!file.atEnd())
-            rows.push_back(QString::fromUtf8(file.readLine().trimmed()).split(u','));
-    }
-    return rows;
-}
 
 TEST(ReferenceSpectra, DataSourceServesTheGridAndTheCurves)
 {
@@ -34,7 +22,7 @@ TEST(ReferenceSpectra, DataSourceServesTheGridAndTheCurves)
     EXPECT_EQ(controller.numberOfRecordsForPlot(bb), 107u);
     EXPECT_EQ(controller.numberForPlot(bb, X, 0), QVariant(300u));
     EXPECT_EQ(controller.numberForPlot(bb, X, 106), QVariant(830u));
-    const std::vector<QStringList> rows = referencePoints();
+    const std::vector<QStringList> rows = qtCsvRows("reference/reference_spectra.csv");
     ASSERT_EQ(rows.size(), 16u);
     for (const QStringList &row : rows) {
         const QVariant y = controller.numberForPlot(row[0], Y, (row[1].toUInt() - 300) / 5);
@@ -85,7 +73,7 @@ TEST(ReferenceSpectra, MenuOpensTheChartDrawnAsItsAxesSay)
         return qRed(p) == qGreen(p) && qGreen(p) == qBlue(p) && qRed(p) > 128 && qRed(p) < 255;
     }));
     // One curve at a time, since D65 and its tabulation overlap.
-    for (const QStringList &row : referencePoints()) {
+    for (const QStringList &row : qtCsvRows("reference/reference_spectra.csv")) {
         for (QAbstractSeries *series : chart->series())
             series->setVisible(series->name() == row[0]);
         const QRgb color = QColor(row[4]).rgb();

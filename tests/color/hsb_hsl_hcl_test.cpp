@@ -1,5 +1,4 @@
-// HSB, HSL and HCL: tests/data/reference/hsb_hsl_hcl.csv (worked by hand, the kept
-// single-precision steps, the three HCL blends) and round trips over grids.
+// HSB, HSL and HCL: hsb_hsl_hcl.csv (worked by hand) and round trips over grids.
 #include "hsb_hsl_hcl.h"
 
 #include "csv_table.h"

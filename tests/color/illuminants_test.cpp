@@ -1,5 +1,4 @@
-// Illuminant and black-body spectra, the white of a spectrum and the compiled CIE tables:
-// tests/data/reference/illuminants.csv and the published tables in data/cie/.
+// Illuminant and black-body spectra and the CIE tables: illuminants.csv and data/cie/.
 #include "data/cie1931_2deg_cmf_1nm.h"
 #include "data/cie1931_spectral_locus_xy_1nm.h"
 #include "data/cie1964_10deg_cmf_5nm.h"

@@ -1,5 +1,4 @@
-// XYZ, matrices, adaptation, RGB working spaces, ICC profile matrices and the Lab profiles:
-// tests/data/reference/rgb_colorspaces.csv, every working space, profiles made in memory.
+// XYZ, matrices, adaptation, working spaces and ICC and Lab profiles: rgb_colorspaces.csv.
 #include "adaptation.h"
 #include "icc_colorspace_matrix.h"
 #include "lab_colorspaces.h"

@@ -1,5 +1,4 @@
-// Weights, transfer curves, lightness, gamut handling and integer encodings: tests/data/
-// reference/rgb_transfer.csv, round trips and every integer code.
+// Weights, transfer curves, lightness, gamut and encodings: rgb_transfer.csv and round trips.
 #include "rgb_encoding.h"
 #include "rgb_transfer.h"
 

@@ -1,5 +1,4 @@
-// The swatch: which of a drop's types it reads, in which order, what text reaches its delegate,
-// its captions, and how it looks empty, while a drag hovers and filled.
+// The swatch: the drop types it reads and in which order, its captions and its three looks.
 #include "BkgndColorView.h"
 #include "BkgndColorViewDelegate.h"
 #include "QMimeData+QVExtras.h"

@@ -1,11 +1,9 @@
-// Shapes built in y-up coordinates: exact points against hand-worked tables, corner radii, and
-// the shapes painted as a view paints them (flipped once) so that a y-flip or an arc bulging
-// the wrong way shows in the pixels.
+// Shapes in y-up coordinates against hand-worked tables, and painted through a view's one flip.
 #include "QPainterPath+QVExtras.h"
 
+#include "qt_csv.h"
 #include "tolerance.h"
 
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 
@@ -15,19 +13,6 @@
 namespace {
 
 constexpr double kTolPath = 1e-9;
-
-std::vector<QStringList> csvRows(const char *name)
-{
-    QFile file(QStringLiteral(CXF_TEST_DATA_DIR "/shapes/") + QLatin1String(name));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text)) << name;
-    std::vector<QStringList> rows;
-    while (!file.atEnd()) {
-        const QString line = QString::fromUtf8(file.readLine()).trimmed();
-        if (!line.isEmpty() && !line.startsWith(u'#'))
-            rows.push_back(line.split(u','));
-    }
-    return rows;
-}
 
 std::vector<QPointF> pointsOf(const QString &text)
 {
@@ -85,7 +70,7 @@ std::optional<QPainterPath> build(const QStringList &row, const QRectF &rect)
 
 TEST(BezierShapes, PointsAndCornersMatchTheHandWorkedTable)
 {
-    for (const QStringList &row : csvRows("path_points.csv")) {
+    for (const QStringList &row : qtCsvRows("shapes/path_points.csv")) {
         SCOPED_TRACE(row.join(u',').toStdString());
         const QRectF rect(row[1].toDouble(), row[2].toDouble(), row[3].toDouble(),
                           row[4].toDouble());
@@ -168,7 +153,7 @@ TEST(BezierShapes, PaintedAsAViewPaintsThem)
 
 TEST(BezierShapes, GapAdjustmentFitsWholeTeeth)
 {
-    for (const QStringList &row : csvRows("gap_adjustment.csv")) {
+    for (const QStringList &row : qtCsvRows("shapes/gap_adjustment.csv")) {
         SCOPED_TRACE(row.join(u',').toStdString());
         float count = row[0].toFloat(), gap = -1;
         const float half =

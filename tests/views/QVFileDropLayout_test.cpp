@@ -1,12 +1,9 @@
-// The drop target's geometry against layouts worked out by hand (tests/data/views/
-// drop_layout.csv): border, dash fitting, content, message and arrow rectangles, y up.
+// Drop target geometry against layouts worked out by hand (tests/data/views/drop_layout.csv).
 #include "QVFileDropLayout.h"
-#include "cie_csv.h"
+#include "csv_table.h"
 #include "tolerance.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
 
 namespace {
 
@@ -15,14 +12,9 @@ constexpr double kTolTable = 1e-7;
 
 TEST(QVFileDropLayout, MatchesTheLayoutsWorkedByHand)
 {
-    std::ifstream in(CXF_TEST_DATA_DIR "/views/drop_layout.csv");
-    std::string line;
-    int rows = 0;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#')
-            continue;
-        const std::vector<std::string> f = splitCsvLine(line);
-        ASSERT_EQ(f.size(), 25u) << line;
+    const CsvTable table = readCsv(CXF_TEST_DATA_DIR "/views/drop_layout.csv");
+    for (const std::vector<std::string> &f : table.rows) {
+        ASSERT_EQ(f.size(), 25u) << f[0];
         std::vector<double> v;
         for (size_t i = 1; i < f.size(); ++i)
             v.push_back(std::stod(f[i]));
@@ -46,9 +38,8 @@ TEST(QVFileDropLayout, MatchesTheLayoutsWorkedByHand)
         EXPECT_CLOSE(layout.text.y(), v[19], kTolTable);
         if (layout.arrowPossible)
             expectRect(layout.arrow, rect(20));
-        ++rows;
     }
-    EXPECT_EQ(rows, 7);
+    EXPECT_EQ(table.rows.size(), 7u);
 }
 
 TEST(QVFileDropLayout, InnerHighlightComesBackJustBelowTheArrowsTop)

@@ -1,5 +1,4 @@
-// The drop view's acceptance and reading by kind over hand-built drags, through a recording
-// delegate, and the promised-file poll with a short interval.
+// The drop view's acceptance and reading by kind, and the promised-file poll.
 #include "QMimeData+QVExtras.h"
 #include "QVFileDropView.h"
 

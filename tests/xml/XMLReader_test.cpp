@@ -1,6 +1,4 @@
-// XMLReader: the mapping from documents to trees, the line joining of dictionaryForXMLString,
-// error reports, named resources, navigation, and hostile documents (deep nesting, entity
-// expansion, external entities), which must end in a tree or an error, never in a crash.
+// XMLReader: trees, line joining, errors, resources, navigation and hostile documents.
 #include "XMLReader.h"
 #include "XMLReaderNavigation.h"
 

@@ -1,6 +1,4 @@
-// CxF import: every document of tests/data/cxf/ against the outcome listed for it in
-// outcomes.csv (captions, the float means, the exact report of each one-defect document), and
-// the reflectance curves.
+// CxF import: every document of tests/data/cxf/ against outcomes.csv, and reflectance curves.
 #include "cxf_import.h"
 
 #include "XMLReader.h"

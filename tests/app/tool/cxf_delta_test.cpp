@@ -1,5 +1,4 @@
-// cxf-delta run on the sample documents with its own settings. Expected figures: the literals
-// as floats averaged in double, and CMC 2:1 worked from them outside this code base.
+// cxf-delta on the samples; expected: float literals averaged in double, CMC 2:1 by hand.
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
