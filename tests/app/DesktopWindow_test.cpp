@@ -2,6 +2,7 @@
 #include "BkgndColorView.h"
 #include "QColor+QVExtras.h"
 #include "app_window_fixture.h"
+#include "qt_csv.h"
 
 #include <gtest/gtest.h>
 
@@ -25,8 +26,7 @@ const QString kSamples = QStringLiteral(CXF_SOURCE_DIR "/data/samples/");
 
 TEST(CommandLine, AnswersHelpVersionAndTooManyDocumentsBeforeAnyWindow)
 {
-    // Arguments, platform (help and version must not need a display), exit status, and what
-    // stdout (status 0) or stderr says.
+    // Arguments, platform (help and version need no display), exit status, stdout or stderr.
     const char *rows[][4] = {{"--help", "xcb", "0", "--version.*reference"},
                              {"-v", "xcb", "0", "^CxF Compare \\d+\\.\\d+"},
                              {"a b c", "offscreen", "64", "too many documents.*\u201cc\u201d"}};
@@ -50,18 +50,10 @@ TEST(CommandLine, AnswersHelpVersionAndTooManyDocumentsBeforeAnyWindow)
 
 TEST(HueTurn, NamesTheAxisAheadOfTheMiddleOfTheTurn)
 {
-    // Reference hue, turn (degrees), worked out on the a*/b* circle by hand.
-    const struct {
-        double hue, turn;
-        HueTurn expected;
-    } rows[] = {
-        {30, 10, HueTurn::Yellower},  {30, -10, HueTurn::Redder}, {100, 5, HueTurn::Greener},
-        {100, -5, HueTurn::Yellower}, {200, 10, HueTurn::Bluer},  {300, 30, HueTurn::Redder},
-        {350, 20, HueTurn::Yellower}, {10, -20, HueTurn::Bluer},  {80, 20, HueTurn::Greener},
-        {-80, -30, HueTurn::Greener}, {45, 0, HueTurn::None},
-    };
-    for (const auto &row : rows)
-        EXPECT_EQ(hueTurnFor(row.hue, row.turn), row.expected) << row.hue << " " << row.turn;
+    const QStringList names{u"none"_qs, u"redder"_qs, u"yellower"_qs, u"greener"_qs, u"bluer"_qs};
+    for (const QStringList &row : qtCsvRows("reference/hue_turns.csv"))
+        EXPECT_EQ(int(hueTurnFor(row[0].toDouble(), row[1].toDouble())), names.indexOf(row[2]))
+            << row.join(u',').toStdString();
 }
 
 using DesktopWindowTest = AppWindowTest;

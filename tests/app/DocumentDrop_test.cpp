@@ -1,6 +1,5 @@
-// A document reaches the controller the way a user gives it: dropped on a swatch (a synthetic
-// drag of a file URL) or named on the command line. Text that is not UTF-8, and a file that is
-// not regular, is refused as invalid XML data and changes nothing.
+// A dropped (synthetic file-URL drag) or named document that is not UTF-8 or not a regular file
+// is refused as invalid XML data and changes nothing.
 #include "AppDelegate.h"
 
 #include "BkgndColorView.h"

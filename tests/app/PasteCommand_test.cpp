@@ -1,5 +1,4 @@
-// Edit > Paste onto the focused swatch: enabled only for what that swatch takes, and the
-// clipboard's CxF data becomes that swatch's sample.
+// Edit > Paste: enabled for what the focused swatch takes; the clipboard's CxF becomes its sample.
 #include "AppDelegate.h"
 #include "BkgndColorView.h"
 #include "MainInterface.h"

@@ -14,10 +14,31 @@
 #include "rgb_encoding.h"
 #include "rgb_transfer.h"
 
-#include "degenerate.h"
 #include "tolerance.h"
 
+#include <array>
+#include <cmath>
+#include <limits>
+
 namespace {
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr std::array<double, 6> kDegenerateValues = {
+    -1, 0, 1, kInf, -kInf, std::numeric_limits<double>::quiet_NaN()};
+
+// Calls f with every combination of N degenerate values (6^N calls).
+template <std::size_t N, typename F> void forEachDegenerate(F f)
+{
+    std::array<double, N> v{};
+    std::size_t total = 1;
+    for (std::size_t i = 0; i < N; ++i)
+        total *= 6;
+    for (std::size_t k = 0; k < total; ++k) {
+        for (std::size_t i = 0, rest = k; i < N; ++i, rest /= 6)
+            v[i] = kDegenerateValues[rest % 6];
+        f(v);
+    }
+}
 
 bool inUnitRange(double c)
 {

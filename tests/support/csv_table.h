@@ -1,8 +1,6 @@
 #pragma once
-// Plain CSV tables for tests: one header row, comma-separated fields, no quoting. Reference
-// tables (tests/data/reference/*.csv) hold a case a row: function,inputs,expected,tolerance,
-// source; inputs and expected are numbers separated by spaces (nan, inf, -inf; an expected "*"
-// is not checked); the source, last, says where the values come from (commas allowed).
+// CSV tables: one header row, no quoting. Reference rows (tests/data/reference) read function,
+// inputs, expected ("*": not checked), tolerance, source; numbers space-separated, nan/inf too.
 
 #include "tolerance.h"
 
