@@ -4,6 +4,9 @@
 // run. 10,000 patches with 36 points take 29.8 MiB.
 
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
 #include <string>
 
 inline std::string generateProject(int patches, int points)
@@ -52,4 +55,15 @@ inline std::string generateProject(int patches, int points)
     }
     text += "    </CxF:ColorSet>\n  </CxF:Palette>\n</CxF:CxF>\n";
     return text;
+}
+
+// A field of this process's /proc/self/status in KiB ("VmHWM:", "VmRSS:"), -1 when absent.
+inline long statusKiB(const char *field)
+{
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line))
+        if (line.rfind(field, 0) == 0)
+            return std::atol(line.c_str() + std::strlen(field));
+    return -1;
 }

@@ -7,6 +7,8 @@
 //   hostile_bench NAME...    only those named
 #include "cxf_import.h"
 
+#include "cxf_project.h"
+
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -97,16 +99,6 @@ const std::vector<Hostile> &documents()
         {"text-leaves", [] { return filled("<r>", "<t>1</t>", "</r>"); }},
     };
     return all;
-}
-
-long statusKiB(const char *field)
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.rfind(field, 0) == 0)
-            return std::atol(line.c_str() + std::strlen(field));
-    return -1;
 }
 
 double cpuSeconds()

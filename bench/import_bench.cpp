@@ -172,16 +172,6 @@ BENCHMARK(BM_Import)->Unit(benchmark::kMillisecond);
 
 // --- Summary: time, heap and resident-set peaks, each in a child process --------------------
 
-long statusKiB(const char *field)
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.rfind(field, 0) == 0)
-            return std::atol(line.c_str() + std::strlen(field));
-    return -1;
-}
-
 struct Figures {
     double bestSeconds = 0;
     long long heapPeakBytes = 0;
