@@ -1,5 +1,6 @@
 #include "XMLReader.h"
 
+#include "HugePages.h"
 #include "XMLStrings.h"
 #include "XMLTreeBuilder.h"
 
@@ -143,7 +144,17 @@ void *budgetMalloc(std::size_t size)
     ParserBudget *budget = tParserBudget;
     if (budget && size > budget->limit - std::min(budget->limit, budget->used))
         return nullptr;
-    auto *block = static_cast<unsigned char *>(std::malloc(kBlockHeader + size));
+    // expat's input buffer (a megabyte or two) is filled at once: whole huge pages for it.
+    unsigned char *block;
+    if (size >= kHugePageBytes / 2 && size <= SIZE_MAX / 2) {
+        const std::size_t whole =
+            (kBlockHeader + size + kHugePageBytes - 1) & ~(kHugePageBytes - 1);
+        block = static_cast<unsigned char *>(std::aligned_alloc(kHugePageBytes, whole));
+        if (block)
+            adviseHugePages(block, whole);
+    } else {
+        block = static_cast<unsigned char *>(std::malloc(kBlockHeader + size));
+    }
     if (!block)
         return nullptr;
     std::memcpy(block, &size, sizeof size);
