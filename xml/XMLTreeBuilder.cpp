@@ -2,7 +2,7 @@
 
 #include "XMLStrings.h"
 
-#include <functional>
+#include <cstring>
 #include <new>
 
 namespace {
@@ -11,9 +11,27 @@ constexpr uint32_t kDictionary = static_cast<uint32_t>(XMLNode::Kind::Dictionary
 constexpr uint32_t kArray = static_cast<uint32_t>(XMLNode::Kind::Array);
 constexpr uint32_t kString = static_cast<uint32_t>(XMLNode::Kind::String);
 
+// A hash of a name for the interning table: names are short and there are few of them, so the
+// first and last eight bytes (or the bytes of a shorter name) and the length do.
+std::size_t nameHash(std::string_view name) noexcept
+{
+    uint64_t head = 0, tail = 0;
+    if (name.size() >= 8) {
+        std::memcpy(&head, name.data(), 8);
+        std::memcpy(&tail, name.data() + name.size() - 8, 8);
+    } else {
+        for (const char c : name)
+            head = (head << 8) | static_cast<unsigned char>(c);
+    }
+    const uint64_t mixed =
+        (head * 0x9e3779b97f4a7c15u) ^ (tail * 0xc2b2ae3d27d4eb4fu) ^ name.size();
+    return static_cast<std::size_t>(mixed ^ (mixed >> 29));
+}
+
 } // namespace
 
-XMLTreeBuilder::XMLTreeBuilder() : arena_(std::make_unique<XMLArena>())
+XMLTreeBuilder::XMLTreeBuilder(std::size_t documentBytes)
+    : arena_(std::make_unique<XMLArena>(documentBytes))
 {
     frames_.push_back({0, 0, kNone, 0, false}); // the root dictionary
     nameTable_.assign(64, 0);
@@ -23,7 +41,7 @@ XMLTreeBuilder::XMLTreeBuilder() : arena_(std::make_unique<XMLArena>())
 XMLTreeBuilder::Name XMLTreeBuilder::intern(std::string_view name)
 {
     const std::size_t mask = nameTable_.size() - 1;
-    std::size_t i = std::hash<std::string_view>{}(name)&mask;
+    std::size_t i = nameHash(name) & mask;
     for (; nameTable_[i] != 0; i = (i + 1) & mask) {
         const Name &known = names_[nameTable_[i] - 1];
         if (known.text.view() == name)
@@ -37,7 +55,7 @@ XMLTreeBuilder::Name XMLTreeBuilder::intern(std::string_view name)
         std::vector<uint32_t> table(2 * nameTable_.size(), 0);
         const std::size_t bigger = table.size() - 1;
         for (const Name &known : names_) {
-            std::size_t j = std::hash<std::string_view>{}(known.text.view()) & bigger;
+            std::size_t j = nameHash(known.text.view()) & bigger;
             while (table[j] != 0)
                 j = (j + 1) & bigger;
             table[j] = known.id + 1;

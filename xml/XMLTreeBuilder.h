@@ -23,7 +23,8 @@
 class XMLTreeBuilder
 {
 public:
-    XMLTreeBuilder();
+    // documentBytes, the size of the document (0 when unknown), sizes the arena's first chunk.
+    explicit XMLTreeBuilder(std::size_t documentBytes = 0);
 
     // The parser's events. attributes holds name, value, name, value, ... and ends with null.
     // Each may throw std::bad_alloc.
