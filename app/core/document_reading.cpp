@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -60,6 +61,45 @@ std::string DocumentReading::description() const
     return {};
 }
 
+DocumentText::DocumentText(DocumentText &&other) noexcept
+    : bytes_(std::exchange(other.bytes_, nullptr)), size_(std::exchange(other.size_, 0)),
+      capacity_(std::exchange(other.capacity_, 0)), huge_(std::exchange(other.huge_, false))
+{
+}
+
+DocumentText &DocumentText::operator=(DocumentText &&other) noexcept
+{
+    if (this != &other) {
+        DocumentText gone(std::move(*this));
+        bytes_ = std::exchange(other.bytes_, nullptr);
+        size_ = std::exchange(other.size_, 0);
+        capacity_ = std::exchange(other.capacity_, 0);
+        huge_ = std::exchange(other.huge_, false);
+    }
+    return *this;
+}
+
+DocumentText::~DocumentText()
+{
+    if (huge_)
+        giveBackHugeBlock(bytes_, capacity_);
+    else
+        delete[] bytes_;
+}
+
+void DocumentText::reserve(std::size_t capacity)
+{
+    DocumentText larger;
+    larger.huge_ = capacity >= kHugePageBytes;
+    larger.bytes_ = larger.huge_ ? static_cast<char *>(takeHugeBlock(capacity))
+                                 : new char[std::max<std::size_t>(capacity, 1)];
+    larger.capacity_ = capacity;
+    if (size_ > 0)
+        std::memcpy(larger.bytes_, bytes_, size_);
+    larger.size_ = size_;
+    *this = std::move(larger);
+}
+
 DocumentReading readDocument(const std::string &path)
 {
     // Non-blocking, so that opening a FIFO without a writer returns at once; the descriptor is
@@ -79,29 +119,23 @@ DocumentReading readDocument(const std::string &path)
     // The size is a hint only: the file may grow or shrink while it is read. The buffer has one
     // byte more than the file, so that the end of the file is seen without another buffer, and
     // grows only for a file that grew meanwhile.
-    std::string text;
-    std::size_t capacity = std::size_t(info.st_size) + 1;
-    text.reserve(capacity);
-    adviseHugePages(text.data(), text.capacity());
-    text.resize(capacity);
-    std::size_t got = 0;
+    DocumentText text;
+    text.reserve(std::size_t(info.st_size) + 1);
     for (;;) {
-        if (got == capacity) {
-            if (got > kMaxCxFDocumentBytes)
+        if (text.size_ == text.capacity_) {
+            if (text.size_ > kMaxCxFDocumentBytes)
                 return failed(DocumentProblem::TooLarge);
-            capacity = std::min(2 * capacity, kMaxCxFDocumentBytes + 1);
-            text.resize(capacity);
+            text.reserve(std::min(2 * text.capacity_, kMaxCxFDocumentBytes + 1));
         }
-        const ssize_t n = ::read(fd.get(), text.data() + got, capacity - got);
+        const ssize_t n = ::read(fd.get(), text.bytes_ + text.size_, text.capacity_ - text.size_);
         if (n < 0 && errno == EINTR)
             continue;
         if (n < 0)
             return failed(DocumentProblem::Read, errno);
         if (n == 0)
             break;
-        got += std::size_t(n);
+        text.size_ += std::size_t(n);
     }
-    text.resize(got);
     if (!isValidUtf8(text))
         return failed(DocumentProblem::InvalidUtf8);
     DocumentReading reading;
@@ -109,7 +143,7 @@ DocumentReading readDocument(const std::string &path)
     return reading;
 }
 
-std::optional<std::string> readDocumentText(const std::string &path)
+std::optional<DocumentText> readDocumentText(const std::string &path)
 {
     return readDocument(path).text;
 }
