@@ -55,6 +55,10 @@ bool isDigit(char c)
 size_t skipWhitespace(std::string_view text)
 {
     size_t i = 0;
+    while (i < text.size() && isAsciiWhitespace(static_cast<unsigned char>(text[i])))
+        ++i;
+    if (i == text.size() || static_cast<unsigned char>(text[i]) < 0x80)
+        return i; // a byte below 0x80 is white space only as ASCII white space
     while (i < text.size()) {
         const size_t length = whitespaceLengthAt(text, i);
         if (length == 0)
@@ -71,12 +75,7 @@ std::string_view trimWhitespaceAndNewlines(std::string_view text)
     // A byte below 0x80 is white space only as ASCII white space; the longer characters are
     // looked at only where a byte from 0x80 on is met.
     const auto ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-    size_t begin = 0;
-    while (begin < text.size() && isAsciiWhitespace(static_cast<unsigned char>(text[begin])))
-        ++begin;
-    text.remove_prefix(begin);
-    if (!text.empty() && !ascii(text.front()))
-        text.remove_prefix(skipWhitespace(text));
+    text.remove_prefix(skipWhitespace(text));
     size_t end = text.size();
     while (end > 0) {
         const char last = text[end - 1];
