@@ -29,6 +29,20 @@ namespace {
 
 constexpr std::align_val_t kHugeAlignment{kHugePageBytes};
 
+// Under AddressSanitizer every block goes back to the allocator, which then catches a use of
+// a tree's memory after the tree has gone.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kKeepBlocks = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kKeepBlocks = false;
+#else
+constexpr bool kKeepBlocks = true;
+#endif
+#else
+constexpr bool kKeepBlocks = true;
+#endif
+
 // Blocks given back, for later. Never destroyed, so that a block given back during the
 // program's exit still finds it.
 struct KeptBlocks {
@@ -80,7 +94,7 @@ void giveBackHugeBlock(void *block, std::size_t size) noexcept
     if (!block)
         return;
     KeptBlocks &kept = keptBlocks();
-    {
+    if (kKeepBlocks) {
         const std::lock_guard lock(kept.mutex);
         if (kept.bytes + size <= kKeptHugeBlockBytes) {
             try {
