@@ -75,15 +75,32 @@ inline int32_t floor_int32(double v)
     return static_cast<double>(t) > v ? t - 1 : t;
 }
 
-// T of the hue h (radians) with cos h and sin h at hand. The branch takes h in degrees
-// wrapped into [0, 360) (the floor through a 32-bit integer); the cosine of the wrapped angle
-// plus 168° or 35° is the cosine of h plus that angle, formed from the cosine and sine of h:
+// Whether the hue h (radians) lies in the 164°..345° band, both ends inclusive, with h in
+// degrees as 180 h / π wrapped into [0, 360) (the floor through a 32-bit integer).
+inline bool in_T_band(double h)
+{
+    // For the hues LCHab_from_Lab gives (|h| ≤ π and a little) the floor is −1 or 0, so the
+    // wrapped angle is d + 360 or d, and the band is d ≥ 164 or −196 ≤ d ≤ −15. The product
+    // below is within a few units in the last place of 180 h / π; away from those three edges
+    // it decides the same way, without the two divisions.
+    if (std::fabs(h) < 4) {
+        const double d = h * (180.0 / kPi);
+        constexpr double kMargin = 1e-9;
+        if (std::fabs(d - 164) > kMargin && std::fabs(d + 15) > kMargin &&
+            std::fabs(d + 196) > kMargin)
+            return d >= 0 ? d >= 164 : (d >= -196 && d <= -15);
+    }
+    const double degrees = 180.0 * h / kPi;
+    const double wrapped = degrees - floor_int32(degrees / 360.0) * 360.0;
+    return 164 <= wrapped && wrapped <= 345;
+}
+
+// T of the hue h (radians) with cos h and sin h at hand. The cosine of the wrapped angle plus
+// 168° or 35° is the cosine of h plus that angle, formed from the cosine and sine of h:
 // cos(h + δ) = cos h cos δ − sin h sin δ.
 inline double T(double h, double cos_h, double sin_h)
 {
-    const double degrees = 180.0 * h / kPi;
-    const double wrapped = degrees - floor_int32(degrees / 360.0) * 360.0;
-    if (164 <= wrapped && wrapped <= 345) {
+    if (in_T_band(h)) {
         constexpr double cos168 = -0.9781476007338057, sin168 = 0.20791169081775931;
         return 0.56 + std::fabs(0.2 * (cos_h * cos168 - sin_h * sin168));
     }
