@@ -151,7 +151,10 @@ bool mean_hue_from_vectors(double a1p, double b1, double C1p, double a2p, double
 // CIEDE2000 [Sharma2005, eqs. 1–22], the hue part as above.
 double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
 {
-    const double C1 = chroma(lab1), C2 = chroma(lab2);
+    // C1 and C2 serve only the chroma factor, where the last place of hypot's correction
+    // does not show: the plain square root does.
+    const double C1 = std::sqrt(square(lab1.a) + square(lab1.b));
+    const double C2 = std::sqrt(square(lab2.a) + square(lab2.b));
     const double Cm7 = seventh_power((C1 + C2) / 2);
     const double G = 1 + 0.5 * (1 - std::sqrt(Cm7 / (Cm7 + k25To7)));
     const double a1p = lab1.a * G, a2p = lab2.a * G;
