@@ -158,7 +158,7 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
     const double Cm7 = seventh_power((C1 + C2) / 2);
     const double G = 1 + 0.5 * (1 - std::sqrt(Cm7 / (Cm7 + k25To7)));
     const double a1p = lab1.a * G, a2p = lab2.a * G;
-    const double C1p = fast_hypot(a1p, lab1.b), C2p = fast_hypot(a2p, lab2.b);
+    const auto [C1p, C2p] = fast_hypot_pair(a1p, lab1.b, a2p, lab2.b);
     MeanHue hue;
     if (!mean_hue_from_vectors(a1p, lab1.b, C1p, a2p, lab2.b, C2p, hue))
         hue = mean_hue_from_angles(a1p, lab1.b, C1p, a2p, lab2.b, C2p);
