@@ -1,5 +1,7 @@
 #include "lab_luv.h"
 
+#include "constant_division.h"
+#include "fast_cbrt.h"
 #include "hue.h"
 #include "rounded_cube.h"
 
@@ -19,7 +21,7 @@ constexpr double kLightnessBreak = 8;
 
 double lab_f(double t)
 {
-    return t > kEpsilon ? std::cbrt(t) : (kKappa * t + 16) / 116;
+    return t > kEpsilon ? fast_cbrt(t) : (kKappa * t + 16) / 116;
 }
 
 // f⁻¹ for the X and Z terms: the cube when it is above ε, else the linear branch.
@@ -51,16 +53,67 @@ LabColor Lab_from_XYZ(XYZColor xyz)
     return {116 * fy - 16, 500 * (fx - fy), 200 * (fy - fz), xyz.alpha};
 }
 
-XYZColor XYZ_from_Lab(LabColor lab)
+namespace {
+
+// x / d, the same double either way (constant_division.h).
+template <bool kFma, int kDivisor> double divided(double x)
 {
-    const double fy = (lab.L + 16) / 116;
-    const double fx = lab.a / 500 + fy;
-    const double fz = fy - lab.b / 200;
+    if constexpr (kFma)
+        return fma_divided<kDivisor>(x);
+    else
+        return x / kDivisor;
+}
+
+// Both forms give the same doubles: with fused multiply-add the divisions by 116, 500 and 200
+// avoid the division instruction and the cube's exact products come from fma rather than from
+// splitting; everything else is the same arithmetic.
+template <bool kFma> XYZColor XYZ_from_Lab_using(LabColor lab)
+{
+    const double fy = divided<kFma, 116>(lab.L + 16);
+    const double fx = divided<kFma, 500>(lab.a) + fy;
+    const double fz = fy - divided<kFma, 200>(lab.b);
     // Kept on purpose: Y takes its branch from L, not from fy³, and its cube is pow(fy, 3),
     // computed here as the once-rounded cube that pow gives.
-    const double yr = lab.L > kLightnessBreak ? rounded_cube(fy) : lab.L / kKappa;
+    const double yr = lab.L > kLightnessBreak ? rounded_cube<kFma>(fy) : lab.L / kKappa;
     return {lab_f_inverse(fx) * kXn, yr, lab_f_inverse(fz) * kZn, lab.alpha};
 }
+
+XYZColor XYZ_from_Lab_without_fma(LabColor lab)
+{
+    return XYZ_from_Lab_using<false>(lab);
+}
+
+#if defined(__x86_64__) && defined(__ELF__)
+__attribute__((target("fma"))) XYZColor XYZ_from_Lab_with_fma(LabColor lab)
+{
+    // One test for the three quotients (in range, fy suits the cube too); the rare rest divides.
+    if (!(fma_division_in_range(lab.L + 16) && fma_division_in_range(lab.a) &&
+          fma_division_in_range(lab.b)))
+        return XYZ_from_Lab_using<false>(lab);
+    return XYZ_from_Lab_using<true>(lab);
+}
+#endif
+
+} // namespace
+
+#if defined(__x86_64__) && defined(__ELF__)
+// The form is chosen once, when the program is loaded (an indirect function), so that calls
+// pay for no dispatch: the fused multiply-add form where the processor has it.
+extern "C" {
+XYZColor (*resolve_XYZ_from_Lab())(LabColor)
+{
+    __builtin_cpu_init(); // resolvers run before the processor model is filled in otherwise
+    return __builtin_cpu_supports("fma") ? XYZ_from_Lab_with_fma : XYZ_from_Lab_without_fma;
+}
+}
+
+XYZColor XYZ_from_Lab(LabColor lab) __attribute__((ifunc("resolve_XYZ_from_Lab")));
+#else
+XYZColor XYZ_from_Lab(LabColor lab)
+{
+    return XYZ_from_Lab_without_fma(lab);
+}
+#endif
 
 LuvColor Luv_from_XYZ(XYZColor xyz)
 {
@@ -69,7 +122,7 @@ LuvColor Luv_from_XYZ(XYZColor xyz)
     const double d = xyz.X + 15 * xyz.Y + 3 * xyz.Z;
     const double u_prime = 4 * xyz.X / d;
     const double v_prime = 9 * xyz.Y / d;
-    const double L = xyz.Y > kEpsilon ? 116 * std::cbrt(xyz.Y) - 16 : kKappa * xyz.Y;
+    const double L = xyz.Y > kEpsilon ? 116 * fast_cbrt(xyz.Y) - 16 : kKappa * xyz.Y;
     return {L, 13 * L * (u_prime - kUn), 13 * L * (v_prime - kVn), xyz.alpha};
 }
 
