@@ -6,6 +6,9 @@
 #include "rounded_cube.h"
 
 #include <cmath>
+#if defined(__x86_64__) && defined(__ELF__)
+#include <immintrin.h>
+#endif
 
 namespace {
 
@@ -55,42 +58,64 @@ LabColor Lab_from_XYZ(XYZColor xyz)
 
 namespace {
 
-// x / d, the same double either way (constant_division.h).
-template <bool kFma, int kDivisor> double divided(double x)
+XYZColor XYZ_from_Lab_without_fma(LabColor lab)
 {
-    if constexpr (kFma)
-        return fma_divided<kDivisor>(x);
-    else
-        return x / kDivisor;
-}
-
-// Both forms give the same doubles: with fused multiply-add the divisions by 116, 500 and 200
-// avoid the division instruction and the cube's exact products come from fma rather than from
-// splitting; everything else is the same arithmetic.
-template <bool kFma> XYZColor XYZ_from_Lab_using(LabColor lab)
-{
-    const double fy = divided<kFma, 116>(lab.L + 16);
-    const double fx = divided<kFma, 500>(lab.a) + fy;
-    const double fz = fy - divided<kFma, 200>(lab.b);
+    const double fy = (lab.L + 16) / 116;
+    const double fx = lab.a / 500 + fy;
+    const double fz = fy - lab.b / 200;
     // Kept on purpose: Y takes its branch from L, not from fy³, and its cube is pow(fy, 3),
     // computed here as the once-rounded cube that pow gives.
-    const double yr = lab.L > kLightnessBreak ? rounded_cube<kFma>(fy) : lab.L / kKappa;
+    const double yr = lab.L > kLightnessBreak ? rounded_cube(fy) : lab.L / kKappa;
     return {lab_f_inverse(fx) * kXn, yr, lab_f_inverse(fz) * kZn, lab.alpha};
 }
 
-XYZColor XYZ_from_Lab_without_fma(LabColor lab)
+#if defined(__x86_64__) && defined(__ELF__)
+// The same doubles as XYZ_from_Lab_without_fma, computed without a division instruction and
+// without branching on which formula applies: every division is by a constant
+// (constant_division.h), the exact products of Y's cube come from fma instead of splitting, both
+// sides of each choice are computed and one kept by a blend, and X and Z share the two lanes of one
+// register. Random colours take the branches unpredictably, and a mispredicted branch that waits
+// for its colour to arrive from memory costs more than the arithmetic.
+constexpr ConstantDivisor kBy116{116}, kBy500{500}, kBy200{200}, kByKappa{kKappa};
+
+// fma_divided lane by lane, for the divisors d and reciprocals y.
+__attribute__((target("fma"))) __m128d fma_divided(__m128d x, __m128d d, __m128d y)
 {
-    return XYZ_from_Lab_using<false>(lab);
+    const __m128d q = _mm_mul_pd(x, y);
+    return _mm_fmadd_pd(_mm_fnmadd_pd(q, d, x), y, q);
 }
 
-#if defined(__x86_64__) && defined(__ELF__)
+// lab_f_inverse in both lanes. 116 f − 16 is 0 or at least 2⁻⁵⁰ in size, and below 2⁹⁰⁷ for
+// f from XYZ_from_Lab_with_fma's range: within fma_divided's.
+__attribute__((target("fma"))) __m128d lab_f_inverse(__m128d f)
+{
+    const __m128d cube = _mm_mul_pd(_mm_mul_pd(f, f), f);
+    const __m128d kappa = _mm_set1_pd(kByKappa.d), reciprocal = _mm_set1_pd(kByKappa.y);
+    const __m128d scaled = _mm_sub_pd(_mm_mul_pd(_mm_set1_pd(116), f), _mm_set1_pd(16));
+    const __m128d linear = fma_divided(scaled, kappa, reciprocal);
+    return _mm_blendv_pd(linear, cube, _mm_cmp_pd(cube, _mm_set1_pd(kEpsilon), _CMP_GT_OQ));
+}
+
 __attribute__((target("fma"))) XYZColor XYZ_from_Lab_with_fma(LabColor lab)
 {
-    // One test for the three quotients (in range, fy suits the cube too); the rare rest divides.
-    if (!(fma_division_in_range(lab.L + 16) && fma_division_in_range(lab.a) &&
+    // In range, so are all the quotients below (L + 16 may also be exactly +0, which divides
+    // correctly); the rare colour outside, or with an exact 0 among L, a and b, takes the
+    // other form.
+    if (!(fma_division_in_range(lab.L) && fma_division_in_range(lab.a) &&
           fma_division_in_range(lab.b)))
-        return XYZ_from_Lab_using<false>(lab);
-    return XYZ_from_Lab_using<true>(lab);
+        return XYZ_from_Lab_without_fma(lab);
+    const double fy = fma_divided(lab.L + 16, kBy116);
+    // (fx, fz) = (a / 500 + fy, fy + (−b) / 200): negating before dividing and adding instead
+    // of subtracting give the same doubles, the rounding being symmetric.
+    const __m128d quotients = fma_divided(_mm_set_pd(-lab.b, lab.a), _mm_set_pd(kBy200.d, kBy500.d),
+                                          _mm_set_pd(kBy200.y, kBy500.y));
+    const __m128d xz =
+        _mm_mul_pd(lab_f_inverse(_mm_add_pd(quotients, _mm_set1_pd(fy))), _mm_set_pd(kZn, kXn));
+    const __m128d cube = _mm_set_sd(rounded_cube<true>(fy));
+    const __m128d linear = _mm_set_sd(fma_divided(lab.L, kByKappa));
+    const __m128d above = _mm_cmp_sd(_mm_set_sd(lab.L), _mm_set_sd(kLightnessBreak), _CMP_GT_OQ);
+    const double yr = _mm_cvtsd_f64(_mm_blendv_pd(linear, cube, above));
+    return {_mm_cvtsd_f64(xz), yr, _mm_cvtsd_f64(_mm_unpackhi_pd(xz, xz)), lab.alpha};
 }
 #endif
 
