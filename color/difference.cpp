@@ -93,26 +93,81 @@ double delta_E_Lab_CIE1994(bool textiles, LabColor lab1, LabColor lab2)
     return std::sqrt(square(dL / kL) + square(dC / SC) + square(dH / SH));
 }
 
-// CIEDE2000 [Sharma2005, eqs. 1–22]. The mean hue adds 360 when |h1' − h2'| > 180 and never
-// subtracts it, so Hm may lie in (360, 450): the cosines of T do not mind, and only the
-// rotation term RT sees the larger angle. Kept as the comparison tables were made with it.
+namespace {
+
+// The hue part of CIEDE2000: the mean hue Hm in degrees with its cosine and sine, and the
+// weighted hue difference ΔH' = 2 √(C1' C2') sin(Δh' / 2).
+struct MeanHue {
+    double Hm, cos_Hm, sin_Hm, dHp;
+};
+
+// From the hue angles, as the formula reads: h' = atan2(b, a') in degrees in [0, 360); the
+// mean adds 360 when |h1' − h2'| > 180 and never subtracts it, so Hm may lie in (360, 450):
+// the cosines of T do not mind, and only the rotation term RT sees the larger angle.
+MeanHue mean_hue_from_angles(double a1p, double b1, double C1p, double a2p, double b2, double C2p)
+{
+    const double h1p = hue_degrees(b1, a1p), h2p = hue_degrees(b2, a2p);
+    const double S = h1p + h2p;
+    const double Hm = std::fabs(h1p - h2p) > 180 ? (S + 360) / 2 : S / 2;
+    double dhp = h2p - h1p;
+    if (std::fabs(dhp) > 180)
+        dhp += h1p >= h2p ? 360 : -360;
+    const double hm = radians_of(Hm);
+    return {Hm, std::cos(hm), std::sin(hm),
+            2 * std::sqrt(C1p * C2p) * std::sin(radians_of(dhp / 2))};
+}
+
+// The same from the two chroma vectors, with one arctangent instead of two and no sines:
+// for hues less than half a turn apart (the arc between them shorter than 180°) the mean hue
+// is the direction of the bisector u1 + u2 of the unit hue vectors, and, with
+// P = C1' C2', cross = a1' b2 − b1 a2' = P sin Δh', dot = a1' a2' + b1 b2 = P cos Δh',
+//   2 √P sin(Δh'/2) = 2 √P sin Δh' / (2 cos(Δh'/2)) = cross / √((P + dot) / 2),
+// as cos(Δh'/2) = √((1 + cos Δh') / 2). Hm is then the bisector's angle in [0, 360), plus 360
+// exactly when the angles' rule adds it with a sum of 360 or more: the arc crosses hue 0
+// (one b negative, the other not, and the bisector on the positive a side) and the bisector
+// lies in the first quadrant. Zero chroma and nearly opposite hues (within 2.6° of 180°,
+// where the bisector is ill-defined and the angles' rule flips) take the angles.
+bool mean_hue_from_vectors(double a1p, double b1, double C1p, double a2p, double b2, double C2p,
+                           MeanHue &out)
+{
+    const double P = C1p * C2p;
+    const double dot = a1p * a2p + b1 * b2;
+    if (!(P > 0 && P + dot > 1e-3 * P))
+        return false;
+    // u1 + u2 scaled by P, which leaves its direction alone
+    const double wa = a1p * C2p + a2p * C1p, wb = b1 * C2p + b2 * C1p;
+    double Hm = std::atan2(wb, wa) * kDegreesPerRadian;
+    if (Hm < 0)
+        Hm += 360;
+    if ((b1 < 0) != (b2 < 0) && wa > 0 && Hm < 180)
+        Hm += 360;
+    const double inverse_w = 1 / std::sqrt(wa * wa + wb * wb);
+    out = {Hm, wa * inverse_w, wb * inverse_w, (a1p * b2 - b1 * a2p) / std::sqrt((P + dot) / 2)};
+    return true;
+}
+
+} // namespace
+
+// CIEDE2000 [Sharma2005, eqs. 1–22], the hue part as above.
 double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
 {
-    const double C1 = chroma(lab1), C2 = chroma(lab2);
+    // C1 and C2 serve only the chroma factor, where the last place of hypot's correction
+    // does not show: the plain square root does.
+    const double C1 = std::sqrt(square(lab1.a) + square(lab1.b));
+    const double C2 = std::sqrt(square(lab2.a) + square(lab2.b));
     const double Cm7 = seventh_power((C1 + C2) / 2);
     const double G = 1 + 0.5 * (1 - std::sqrt(Cm7 / (Cm7 + k25To7)));
     const double a1p = lab1.a * G, a2p = lab2.a * G;
-    const double C1p = fast_hypot(a1p, lab1.b), C2p = fast_hypot(a2p, lab2.b);
-    const double h1p = hue_degrees(lab1.b, a1p), h2p = hue_degrees(lab2.b, a2p);
+    const auto [C1p, C2p] = fast_hypot_pair(a1p, lab1.b, a2p, lab2.b);
+    MeanHue hue;
+    if (!mean_hue_from_vectors(a1p, lab1.b, C1p, a2p, lab2.b, C2p, hue))
+        hue = mean_hue_from_angles(a1p, lab1.b, C1p, a2p, lab2.b, C2p);
 
-    const double S = h1p + h2p;
-    const double Hm = std::fabs(h1p - h2p) > 180 ? (S + 360) / 2 : S / 2;
-    // T from one cosine and sine of Hm: the multiple angles by cos 2x = 2 cos²x − 1,
+    // T from the cosine and sine of Hm: the multiple angles by cos 2x = 2 cos²x − 1,
     // sin 2x = 2 sin x cos x, cos 3x = cos x (2 cos 2x − 1), sin 3x = sin x (2 cos 2x + 1),
     // cos 4x = 2 cos²2x − 1, sin 4x = 2 sin 2x cos 2x; the shifts by
     // cos(x ± δ) = cos x cos δ ∓ sin x sin δ.
-    const double hm = radians_of(Hm);
-    const double c1 = std::cos(hm), s1 = std::sin(hm);
+    const double c1 = hue.cos_Hm, s1 = hue.sin_Hm;
     const double c2 = 2 * c1 * c1 - 1, s2 = 2 * s1 * c1;
     const double c3 = c1 * (2 * c2 - 1), s3 = s1 * (2 * c2 + 1);
     const double c4 = 2 * c2 * c2 - 1, s4 = 2 * s2 * c2;
@@ -122,16 +177,12 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
     const double T = 1 - 0.17 * (c1 * cos30 + s1 * sin30) + 0.24 * c2 +
                      0.32 * (c3 * cos6 - s3 * sin6) - 0.20 * (c4 * cos63 + s4 * sin63);
 
-    double dhp = h2p - h1p;
-    if (std::fabs(dhp) > 180)
-        dhp += h1p >= h2p ? 360 : -360;
-    const double dHp = 2 * std::sqrt(C1p * C2p) * std::sin(radians_of(dhp / 2));
-
     const double Cmp = (C1p + C2p) / 2;
     const double Cmp7 = seventh_power(Cmp);
     const double RC = std::sqrt(Cmp7 / (Cmp7 + k25To7));
-    const double dTheta = 30 * std::exp(-square((Hm - 275) / 25));
-    const double RT = -2 * RC * std::sin(radians_of(2 * dTheta));
+    // 1/25 = 0.04 and π/180 as factors: the results move in the last place at most
+    const double dTheta = 30 * std::exp(-square((hue.Hm - 275) * 0.04));
+    const double RT = -2 * RC * std::sin(2 * dTheta * (kPi / 180));
 
     const double Lm50 = (lab1.L + lab2.L) / 2 - 50;
     const double SL = 1 + 0.015 * Lm50 * Lm50 / std::sqrt(20 + Lm50 * Lm50);
@@ -140,7 +191,7 @@ double delta_E_Lab_CIE2000(LabColor lab1, LabColor lab2)
 
     const double dL = (lab2.L - lab1.L) / SL;
     const double dC = (C2p - C1p) / SC;
-    const double dH = dHp / SH;
+    const double dH = hue.dHp / SH;
     return std::sqrt(dL * dL + dC * dC + dH * dH + RT * dC * dH);
 }
 

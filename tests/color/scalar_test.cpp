@@ -90,6 +90,8 @@ TEST(Scalar, FastHypotIsBitForBitTheLibraryHypot)
         const double y =
             i % 7 == 0 ? x * (1 + 1e-9 * unit(rng)) : std::ldexp(unit(rng), exponent(rng));
         mismatches += fast_hypot(x, y) != std::hypot(x, y);
+        const auto [first, second] = fast_hypot_pair(x, y, y * 0.75, x);
+        mismatches += first != std::hypot(x, y) || second != std::hypot(y * 0.75, x);
     }
     EXPECT_EQ(mismatches, 0);
 }
