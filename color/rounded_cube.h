@@ -18,25 +18,33 @@ struct Exact {
     double hi, lo;
 };
 
-inline Exact product(double a, double b)
+// True where the build itself targets fused multiply-add; a caller compiled for it by a target
+// attribute passes true explicitly.
+#if defined(__FP_FAST_FMA)
+inline constexpr bool kBuiltWithFma = true;
+#else
+inline constexpr bool kBuiltWithFma = false;
+#endif
+
+template <bool kFma> inline Exact product(double a, double b)
 {
     const double hi = a * b;
-#if defined(__FP_FAST_FMA)
-    return {hi, std::fma(a, b, -hi)};
-#else
-    constexpr double kSplit = 134217729.0; // 2²⁷ + 1
-    const double ca = kSplit * a, cb = kSplit * b;
-    const double ah = ca - (ca - a), al = a - ah;
-    const double bh = cb - (cb - b), bl = b - bh;
-    return {hi, ((ah * bh - hi) + ah * bl + al * bh) + al * bl};
-#endif
+    if constexpr (kFma) {
+        return {hi, std::fma(a, b, -hi)};
+    } else {
+        constexpr double kSplit = 134217729.0; // 2²⁷ + 1
+        const double ca = kSplit * a, cb = kSplit * b;
+        const double ah = ca - (ca - a), al = a - ah;
+        const double bh = cb - (cb - b), bl = b - bh;
+        return {hi, ((ah * bh - hi) + ah * bl + al * bh) + al * bl};
+    }
 }
 
 // x³ as hi + lo, exact to within 2⁻¹⁰⁶ of it.
-inline Exact cube(double x)
+template <bool kFma> inline Exact cube(double x)
 {
-    const Exact square = product(x, x);
-    const Exact cubed = product(square.hi, x);
+    const Exact square = product<kFma>(x, x);
+    const Exact cubed = product<kFma>(square.hi, x);
     return {cubed.hi, cubed.lo + square.lo * x};
 }
 
@@ -48,11 +56,11 @@ inline bool in_plain_range(double x)
 
 } // namespace rounded_cube_detail
 
-// x³ rounded once (the value of pow(x, 3)).
-inline double rounded_cube(double x)
+// x³ rounded once (the value of pow(x, 3)); both ways of forming the products give that value.
+template <bool kFma = rounded_cube_detail::kBuiltWithFma> inline double rounded_cube(double x)
 {
     if (!rounded_cube_detail::in_plain_range(x))
         return std::pow(x, 3);
-    const rounded_cube_detail::Exact c = rounded_cube_detail::cube(x);
+    const rounded_cube_detail::Exact c = rounded_cube_detail::cube<kFma>(x);
     return c.hi + c.lo;
 }

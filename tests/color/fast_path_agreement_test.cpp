@@ -1,8 +1,11 @@
 // The fast paths against the formulas written out plainly over the benchmarks' random inputs:
 // within 1e-12 relative, and the 32-bit CMC values the application stores identical.
+#include "constant_division.h"
 #include "difference.h"
+#include "fast_cbrt.h"
 #include "hue.h"
 #include "lab_luv.h"
+#include "rounded_cube.h"
 
 #include <gtest/gtest.h>
 
@@ -108,19 +111,44 @@ TEST(FastPathAgreement, DifferencesOverTheBenchmarkPairs)
     EXPECT_EQ(ciede, 0);
 }
 
-TEST(FastPathAgreement, XYZFromLabOverTheBenchmarkColours)
+// conversion_bench's colours against the formulas written out with the library's cbrt, pow and
+// division, bit for bit but for pow's cube; so too the cube roots, the quotients and the two
+// ways of forming a cube.
+TEST(FastPathAgreement, CIELABOverTheBenchmarkColours)
 {
-    std::mt19937_64 random(20240601); // conversion_bench's colours
+    constexpr double kEpsilon = 0.008856451679035631, kKappa = 903.2962962962963;
+    constexpr double kXn = 0.9504285453771807, kZn = 1.0889003707981277;
+    const auto f = [](double t) { return t > kEpsilon ? std::cbrt(t) : (kKappa * t + 16) / 116; };
+    const auto f_inverse = [](double g) {
+        return g * g * g > kEpsilon ? g * g * g : (116 * g - 16) / kKappa;
+    };
+    constexpr ConstantDivisor by116{116}, by500{500}, by200{200}, byKappa{kKappa};
+    std::mt19937_64 random(20240601);
     std::uniform_real_distribution<double> unit(0, 1.1), lightness(0, 100), ab(-128, 128);
-    long differ = 0;
+    long roots = 0, quotients = 0, cubes = 0, lab = 0, xyz = 0;
     for (int i = 0; i < (1 << 20); ++i) {
-        unit(random), unit(random), unit(random);
-        const LabColor lab{lightness(random), ab(random), ab(random), 1};
-        const double fy = (lab.L + 16) / 116;
-        const double Y = lab.L > 8 ? std::pow(fy, 3) : lab.L / 903.2962962962963;
-        differ += !agrees(XYZ_from_Lab(lab).Y, Y);
+        const XYZColor c{unit(random), unit(random), unit(random), 1};
+        const LabColor l{lightness(random), ab(random), ab(random), 1};
+        for (const double t : {c.X / kXn, c.Y, c.Z / kZn})
+            roots += fast_cbrt(t) != std::cbrt(t);
+        const double fy = (l.L + 16) / 116, fx = l.a / 500 + fy;
+        quotients += fma_divided(l.L + 16, by116) != fy || fma_divided(l.a, by500) != l.a / 500 ||
+                     fma_divided(l.b, by200) != l.b / 200 ||
+                     fma_divided(l.L, byKappa) != l.L / kKappa ||
+                     fma_divided(116 * fx - 16, byKappa) != (116 * fx - 16) / kKappa;
+        cubes += rounded_cube<true>(fy) != rounded_cube<false>(fy);
+        const LabColor ours = Lab_from_XYZ(c);
+        const double gx = f(c.X / kXn), gy = f(c.Y), gz = f(c.Z / kZn);
+        lab += ours.L != 116 * gy - 16 || ours.a != 500 * (gx - gy) || ours.b != 200 * (gy - gz);
+        const XYZColor back = XYZ_from_Lab(l);
+        xyz += back.X != f_inverse(fx) * kXn || back.Z != f_inverse(fy - l.b / 200) * kZn ||
+               !agrees(back.Y, l.L > 8 ? std::pow(fy, 3) : l.L / kKappa); // pow may misround
     }
-    EXPECT_EQ(differ, 0);
+    EXPECT_EQ(roots, 0);
+    EXPECT_EQ(quotients, 0);
+    EXPECT_EQ(cubes, 0);
+    EXPECT_EQ(lab, 0);
+    EXPECT_EQ(xyz, 0);
 }
 
 } // namespace
