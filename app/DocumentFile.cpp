@@ -29,7 +29,7 @@ DocumentFile readDocumentFile(const QString &path)
     DocumentFile file;
     switch (reading.problem) {
     case DocumentProblem::None:
-        file.text = QByteArray::fromStdString(reading.text.value_or(std::string()));
+        file.text = QByteArray(reading.text->data(), qsizetype(reading.text->size()));
         break;
     case DocumentProblem::Open:
     case DocumentProblem::Read:

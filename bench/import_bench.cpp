@@ -56,6 +56,16 @@ void *allocate(std::size_t size)
     return p;
 }
 
+void *allocateAligned(std::size_t size, std::align_val_t align)
+{
+    const auto alignment = static_cast<std::size_t>(align);
+    void *p = std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
+    if (!p)
+        throw std::bad_alloc();
+    account(static_cast<long long>(malloc_usable_size(p)));
+    return p;
+}
+
 void release(void *p) noexcept
 {
     if (!p)
@@ -86,6 +96,31 @@ void operator delete(void *p, std::size_t) noexcept
     release(p);
 }
 void operator delete[](void *p, std::size_t) noexcept
+{
+    release(p);
+}
+// The reader's large blocks are aligned to huge pages.
+void *operator new(std::size_t size, std::align_val_t align)
+{
+    return allocateAligned(size, align);
+}
+void *operator new[](std::size_t size, std::align_val_t align)
+{
+    return allocateAligned(size, align);
+}
+void operator delete(void *p, std::align_val_t) noexcept
+{
+    release(p);
+}
+void operator delete[](void *p, std::align_val_t) noexcept
+{
+    release(p);
+}
+void operator delete(void *p, std::size_t, std::align_val_t) noexcept
+{
+    release(p);
+}
+void operator delete[](void *p, std::size_t, std::align_val_t) noexcept
 {
     release(p);
 }

@@ -84,7 +84,8 @@ void BkgndColorView::sendText(const QByteArray &text)
 
 void BkgndColorView::sendDocumentAt(const QString &path)
 {
-    const std::optional<std::string> text = readDocumentText(QFile::encodeName(path).toStdString());
+    const std::optional<DocumentText> text =
+        readDocumentText(QFile::encodeName(path).toStdString());
     if (!text)
         return sendText(QByteArray());
     // The delegate reads the bytes in place: they live until it returns, and a copy of a large

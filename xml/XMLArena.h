@@ -1,6 +1,12 @@
 #pragma once
 // The arena of a tree read by XMLReader: chunks taken from the heap, carved up in order, all
 // freed together with the tree (XMLNode.h). Nothing in it is freed on its own.
+//
+// Chunks of a large tree are whole huge pages (HugePages.h), so that filling them costs a few
+// page faults instead of one every 4 KiB, and they are kept for the next tree when this one
+// goes.
+
+#include "HugePages.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -12,13 +18,22 @@
 class XMLArena
 {
 public:
-    XMLArena() = default;
+    // The tree of a document of documentBytes (0 when unknown): one of a few megabytes or more
+    // starts with a chunk of huge pages, a smaller one with 16 KiB.
+    explicit XMLArena(std::size_t documentBytes = 0)
+        : nextChunk_(documentBytes >= kHugePageBytes ? kHugePageBytes : kFirstChunk)
+    {
+    }
     XMLArena(const XMLArena &) = delete;
     XMLArena &operator=(const XMLArena &) = delete;
     ~XMLArena()
     {
-        for (void *chunk : chunks_)
-            ::operator delete(chunk);
+        for (const Chunk &chunk : chunks_) {
+            if (chunk.huge)
+                giveBackHugeBlock(chunk.bytes, chunk.size);
+            else
+                ::operator delete(chunk.bytes);
+        }
     }
 
     // bytes of storage aligned to align (a power of two, at most alignof(std::max_align_t)).
@@ -47,24 +62,33 @@ public:
     std::size_t reservedBytes() const noexcept { return reserved_; }
 
 private:
-    // Chunks grow from 16 KiB to 1 MiB so that small documents stay small; a larger request
-    // gets a chunk of its own size.
+    struct Chunk {
+        void *bytes;
+        std::size_t size;
+        bool huge; // whole huge pages, aligned to them
+    };
+
+    // Chunks grow from 16 KiB (or 2 MiB) to 8 MiB so that small documents stay small; from
+    // 2 MiB on they are whole huge pages. A larger request gets a chunk of its own size.
     void grow(std::size_t bytes)
     {
-        const std::size_t size = std::max(bytes, nextChunk_);
+        std::size_t size = std::max(bytes, nextChunk_);
+        const bool huge = size >= kHugePageBytes;
         chunks_.reserve(chunks_.size() + 1);
-        chunk_ = static_cast<char *>(::operator new(size));
-        chunks_.push_back(chunk_);
+        void *chunk = huge ? takeHugeBlock(size) : ::operator new(size);
+        chunks_.push_back({chunk, size, huge});
+        chunk_ = static_cast<char *>(chunk);
         size_ = size;
         used_ = 0;
         reserved_ += size;
-        nextChunk_ = std::min<std::size_t>(nextChunk_ * 2, std::size_t{1} << 20);
+        nextChunk_ = std::min<std::size_t>(nextChunk_ * 2, std::size_t{8} << 20);
     }
 
-    std::vector<void *> chunks_;
+    std::vector<Chunk> chunks_;
     char *chunk_ = nullptr;
     std::size_t size_ = 0;
     std::size_t used_ = 0;
     std::size_t reserved_ = 0;
-    std::size_t nextChunk_ = std::size_t{16} << 10;
+    static constexpr std::size_t kFirstChunk = std::size_t{16} << 10;
+    std::size_t nextChunk_;
 };

@@ -1,5 +1,6 @@
 #include "XMLReader.h"
 
+#include "HugePages.h"
 #include "XMLStrings.h"
 #include "XMLTreeBuilder.h"
 
@@ -136,17 +137,33 @@ struct ParserBudget {
 };
 thread_local ParserBudget *tParserBudget = nullptr;
 
+// In front of each block: the size expat asked for, and the length of the huge block it sits
+// in (0 for one from malloc).
 constexpr std::size_t kBlockHeader = alignof(std::max_align_t);
+static_assert(2 * sizeof(std::size_t) <= kBlockHeader);
 
 void *budgetMalloc(std::size_t size)
 {
     ParserBudget *budget = tParserBudget;
     if (budget && size > budget->limit - std::min(budget->limit, budget->used))
         return nullptr;
-    auto *block = static_cast<unsigned char *>(std::malloc(kBlockHeader + size));
+    // expat's input buffer (a megabyte or two) is filled at once: whole huge pages for it.
+    unsigned char *block = nullptr;
+    std::size_t length = 0;
+    if (size >= kHugePageBytes / 2 && size <= SIZE_MAX / 2) {
+        length = kBlockHeader + size;
+        try {
+            block = static_cast<unsigned char *>(takeHugeBlock(length));
+        } catch (const std::bad_alloc &) {
+            return nullptr;
+        }
+    } else {
+        block = static_cast<unsigned char *>(std::malloc(kBlockHeader + size));
+    }
     if (!block)
         return nullptr;
     std::memcpy(block, &size, sizeof size);
+    std::memcpy(block + sizeof size, &length, sizeof length);
     if (budget)
         budget->used += size;
     return block + kBlockHeader;
@@ -157,11 +174,15 @@ void budgetFree(void *pointer)
     if (!pointer)
         return;
     auto *block = static_cast<unsigned char *>(pointer) - kBlockHeader;
-    std::size_t size;
+    std::size_t size, length;
     std::memcpy(&size, block, sizeof size);
+    std::memcpy(&length, block + sizeof size, sizeof length);
     if (ParserBudget *budget = tParserBudget)
         budget->used -= std::min(budget->used, size);
-    std::free(block);
+    if (length)
+        giveBackHugeBlock(block, length);
+    else
+        std::free(block);
 }
 
 void *budgetRealloc(void *pointer, std::size_t size)
@@ -251,7 +272,7 @@ std::optional<XMLNode> XMLReader::dictionaryForXMLString(std::string_view text, 
                                                          const XMLReadLimits &limits)
 {
     XMLReader reader(error, limits);
-    if (!reader.beginParse())
+    if (!reader.beginParse(text.size()))
         return std::nullopt;
     // The joined lines are written straight into expat's buffer, a piece at a time.
     bool ok = true;
@@ -307,7 +328,7 @@ std::string XMLReader::xmlResourceDirectory()
 
 std::optional<XMLNode> XMLReader::objectWithData(std::string_view data)
 {
-    if (!beginParse())
+    if (!beginParse(data.size()))
         return std::nullopt;
     bool ok = true;
     std::size_t offset = 0;
@@ -319,11 +340,11 @@ std::optional<XMLNode> XMLReader::objectWithData(std::string_view data)
     return endParse(ok);
 }
 
-bool XMLReader::beginParse()
+bool XMLReader::beginParse(std::size_t documentBytes)
 {
     parse_.reset();
     try {
-        builder_ = std::make_unique<XMLTreeBuilder>();
+        builder_ = std::make_unique<XMLTreeBuilder>(documentBytes);
         parse_.reset(new Parse{ParserBudget{limits_.maxParserBytes},
                                limits_.maxParserBytes != SIZE_MAX, nullptr,
                                ExpatContext{this, nullptr, builder_.get(), &limits_, 0, {}}});

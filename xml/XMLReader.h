@@ -126,9 +126,10 @@ private:
         void operator()(Parse *parse) const noexcept;
     };
 
-    // One parse: begin, then feed every piece of the document in order (the last one marked,
-    // even if empty), then end with whether every feed succeeded.
-    bool beginParse();
+    // One parse of a document of about documentBytes: begin, then feed every piece of the
+    // document in order (the last one marked, even if empty), then end with whether every feed
+    // succeeded.
+    bool beginParse(std::size_t documentBytes);
     bool feed(std::string_view piece, bool last);
     // Or: fill expat's own buffer of bytes (nullptr when out of memory) and feed what was put
     // there.

@@ -55,6 +55,10 @@ bool isDigit(char c)
 size_t skipWhitespace(std::string_view text)
 {
     size_t i = 0;
+    while (i < text.size() && isAsciiWhitespace(static_cast<unsigned char>(text[i])))
+        ++i;
+    if (i == text.size() || static_cast<unsigned char>(text[i]) < 0x80)
+        return i; // a byte below 0x80 is white space only as ASCII white space
     while (i < text.size()) {
         const size_t length = whitespaceLengthAt(text, i);
         if (length == 0)
@@ -68,10 +72,16 @@ size_t skipWhitespace(std::string_view text)
 
 std::string_view trimWhitespaceAndNewlines(std::string_view text)
 {
+    // A byte below 0x80 is white space only as ASCII white space; the longer characters are
+    // looked at only where a byte from 0x80 on is met.
+    const auto ascii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     text.remove_prefix(skipWhitespace(text));
     size_t end = text.size();
     while (end > 0) {
-        const size_t length = whitespaceLengthBefore(text, end);
+        const char last = text[end - 1];
+        const size_t length = ascii(last)
+                                  ? size_t{isAsciiWhitespace(static_cast<unsigned char>(last))}
+                                  : whitespaceLengthBefore(text, end);
         if (length == 0)
             break;
         end -= length;
@@ -138,6 +148,7 @@ float floatValue(std::string_view text)
         return 0.0f;
     if (point == std::string_view::npos)
         point = i;
+    const size_t mantissaEnd = i;
 
     // Exponent, only when at least one digit follows the e.
     long exponent = 0;
@@ -158,6 +169,23 @@ float floatValue(std::string_view text)
     const float sign = negative ? -1.0f : 1.0f;
     if (firstNonZero == std::string_view::npos)
         return sign * 0.0f;
+
+    // A mantissa of at most 2^24 and a power of ten up to 10^10 are both exact floats, so one
+    // float multiplication or division rounds the decimal once, as from_chars does.
+    if (digits <= 19) {
+        uint64_t mantissa = 0;
+        for (size_t k = start; k < mantissaEnd; ++k)
+            if (text[k] != '.')
+                mantissa = mantissa * 10 + static_cast<uint64_t>(text[k] - '0');
+        const long scale =
+            exponent - static_cast<long>(mantissaEnd - point - (point < mantissaEnd));
+        constexpr float kPowersOfTen[] = {1e0f, 1e1f, 1e2f, 1e3f, 1e4f, 1e5f,
+                                          1e6f, 1e7f, 1e8f, 1e9f, 1e10f};
+        if (mantissa <= (uint64_t{1} << 24) && scale >= -10 && scale <= 10) {
+            const auto m = static_cast<float>(mantissa);
+            return sign * (scale < 0 ? m / kPowersOfTen[-scale] : m * kPowersOfTen[scale]);
+        }
+    }
 
     float magnitude = 0;
     const auto result = std::from_chars(text.data() + start, text.data() + i, magnitude,

@@ -2,7 +2,7 @@
 
 #include "XMLStrings.h"
 
-#include <functional>
+#include <cstring>
 #include <new>
 
 namespace {
@@ -13,31 +13,60 @@ constexpr uint32_t kString = static_cast<uint32_t>(XMLNode::Kind::String);
 
 } // namespace
 
-XMLTreeBuilder::XMLTreeBuilder() : arena_(std::make_unique<XMLArena>())
+XMLTreeBuilder::XMLTreeBuilder(std::size_t documentBytes)
+    : arena_(std::make_unique<XMLArena>(documentBytes))
 {
     frames_.push_back({0, 0, kNone, 0, false}); // the root dictionary
     nameTable_.assign(64, 0);
     textName_ = intern("text");
 }
 
+// Names are short: three words (the first, middle and last eight bytes, overlapping) and the
+// length tell two names of up to 24 bytes apart, and hash them.
+XMLTreeBuilder::NameKey XMLTreeBuilder::keyOf(std::string_view name) noexcept
+{
+    NameKey key{0, 0, 0, name.size()};
+    if (name.size() >= 8) {
+        std::memcpy(&key.head, name.data(), 8);
+        std::memcpy(&key.middle, name.data() + name.size() / 2 - 4, 8);
+        std::memcpy(&key.tail, name.data() + name.size() - 8, 8);
+    } else {
+        for (const char c : name)
+            key.head = (key.head << 8) | static_cast<unsigned char>(c);
+    }
+    return key;
+}
+
+std::size_t XMLTreeBuilder::hashOf(const NameKey &key) noexcept
+{
+    const uint64_t mixed = (key.head * 0x9e3779b97f4a7c15u) ^ (key.middle * 0xff51afd7ed558ccdu) ^
+                           (key.tail * 0xc2b2ae3d27d4eb4fu) ^ key.size;
+    return static_cast<std::size_t>(mixed ^ (mixed >> 29));
+}
+
 XMLTreeBuilder::Name XMLTreeBuilder::intern(std::string_view name)
 {
+    const NameKey key = keyOf(name);
     const std::size_t mask = nameTable_.size() - 1;
-    std::size_t i = std::hash<std::string_view>{}(name)&mask;
+    std::size_t i = hashOf(key) & mask;
     for (; nameTable_[i] != 0; i = (i + 1) & mask) {
-        const Name &known = names_[nameTable_[i] - 1];
-        if (known.text.view() == name)
-            return known;
+        const uint32_t id = nameTable_[i] - 1;
+        const NameKey &known = nameKeys_[id];
+        if (known.size == key.size && known.head == key.head && known.middle == key.middle &&
+            known.tail == key.tail && (key.size <= 24 || names_[id].text.view() == name))
+            return names_[id];
     }
     const Name added{XMLText(arena_->copy(name), static_cast<uint32_t>(name.size()), kString),
                      static_cast<uint32_t>(names_.size())};
+    nameKeys_.reserve(names_.size() + 1);
     names_.push_back(added);
+    nameKeys_.push_back(key);
     nameTable_[i] = added.id + 1;
     if (2 * names_.size() > nameTable_.size()) { // keep the table at most half full
         std::vector<uint32_t> table(2 * nameTable_.size(), 0);
         const std::size_t bigger = table.size() - 1;
         for (const Name &known : names_) {
-            std::size_t j = std::hash<std::string_view>{}(known.text.view()) & bigger;
+            std::size_t j = hashOf(nameKeys_[known.id]) & bigger;
             while (table[j] != 0)
                 j = (j + 1) & bigger;
             table[j] = known.id + 1;

@@ -23,7 +23,8 @@
 class XMLTreeBuilder
 {
 public:
-    XMLTreeBuilder();
+    // documentBytes, the size of the document (0 when unknown), sizes the arena's first chunk.
+    explicit XMLTreeBuilder(std::size_t documentBytes = 0);
 
     // The parser's events. attributes holds name, value, name, value, ... and ends with null.
     // Each may throw std::bad_alloc.
@@ -63,6 +64,12 @@ private:
         bool indexed; // its slots are in slotIndex_
     };
 
+    struct NameKey {
+        uint64_t head, middle, tail;
+        std::size_t size;
+    };
+    static NameKey keyOf(std::string_view name) noexcept;
+    static std::size_t hashOf(const NameKey &key) noexcept;
     Name intern(std::string_view name);
     // The live slot of the top frame under name, or kNone.
     uint32_t findSlot(uint32_t nameId) const;
@@ -85,6 +92,7 @@ private:
     std::string text_; // one accumulator for the whole parse
     // Interned names: open addressing over ids + 1 (0 is empty).
     std::vector<Name> names_;
+    std::vector<NameKey> nameKeys_; // by id
     std::vector<uint32_t> nameTable_;
     std::unordered_map<uint64_t, uint32_t> slotIndex_;
     Name textName_;

@@ -67,6 +67,17 @@ std::span<const XMLNode> pointList(const XMLNode *points)
     return {points, 1};
 }
 
+// The value of a reflectance point: the float value of its "text", or of the point itself when
+// it is a bare text, widened; 0 when there is none.
+double pointValue(const XMLNode &point)
+{
+    if (const XMLText *text = point.stringValue())
+        return static_cast<double>(floatValue(*text));
+    const XMLNode *value = point.find("text");
+    const XMLText *valueText = value ? value->stringValue() : nullptr;
+    return valueText ? static_cast<double>(floatValue(*valueText)) : 0.0;
+}
+
 std::string formatCount(const char *format, long count)
 {
     char buffer[96];
@@ -219,14 +230,13 @@ SpectrumBuffer averageReflectanceCurve(std::span<const XMLNode> patches, std::si
     SpectrumBuffer average = allocate_spectrum(points);
     if (!average)
         return average;
+    // Each patch's values are added as its curve (createSpectralFromReflectancePoints) holds
+    // them, read in place: no curve is built for a patch.
     for (const XMLNode &patch : patches) {
-        const XMLNode *patchPoints = reflectancePointsOf(patch);
-        const SpectrumBuffer curve = createSpectralFromReflectancePoints(patchPoints);
-        if (!curve)
-            continue; // no points, or out of memory: the curve is skipped
-        const std::size_t shared = std::min(points, reflectancePointCount(patchPoints));
+        const auto curve = pointList(reflectancePointsOf(patch));
+        const std::size_t shared = std::min(points, curve.size());
         for (std::size_t k = 0; k < shared; ++k)
-            average[k].value += curve[k].value;
+            average[k].value += pointValue(curve[k]);
     }
     for (std::size_t k = 0; k < points; ++k)
         average[k].value /= static_cast<double>(patches.size());
@@ -241,17 +251,10 @@ SpectrumBuffer createSpectralFromReflectancePoints(const XMLNode *points)
         return spectrum;
     for (std::size_t i = 0; i < list.size(); ++i) {
         const XMLNode &point = list[i];
-        if (const XMLText *text = point.stringValue()) {
-            spectrum[i] = {0, static_cast<double>(floatValue(*text))};
-            continue;
-        }
         const XMLNode *wavelength = point.find("Wavelength");
-        const XMLNode *value = point.find("text");
         const XMLText *wavelengthText = wavelength ? wavelength->stringValue() : nullptr;
-        const XMLText *valueText = value ? value->stringValue() : nullptr;
-        spectrum[i].wavelength =
-            static_cast<uint32_t>(wavelengthText ? intValue(*wavelengthText) : 0);
-        spectrum[i].value = valueText ? static_cast<double>(floatValue(*valueText)) : 0.0;
+        spectrum[i] = {static_cast<uint32_t>(wavelengthText ? intValue(*wavelengthText) : 0),
+                       pointValue(point)};
     }
     return spectrum;
 }

@@ -1,5 +1,6 @@
 #include "document_reading.h"
 
+#include "HugePages.h"
 #include "cxf_import.h"
 
 #include <algorithm>
@@ -7,9 +8,9 @@
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -60,19 +61,43 @@ std::string DocumentReading::description() const
     return {};
 }
 
-// A large document's buffer is asked to be backed by huge pages: touching tens of megabytes
-// page by page costs more than reading them. Only advice; nothing changes where it is ignored.
-static void adviseHugePages(char *data, std::size_t size)
+DocumentText::DocumentText(DocumentText &&other) noexcept
+    : bytes_(std::exchange(other.bytes_, nullptr)), size_(std::exchange(other.size_, 0)),
+      capacity_(std::exchange(other.capacity_, 0)), huge_(std::exchange(other.huge_, false))
 {
-    constexpr std::uintptr_t kPage = 4096;
-    constexpr std::size_t kWorthIt = std::size_t{4} << 20;
-    if (size < kWorthIt)
-        return;
-    const std::uintptr_t begin =
-        (reinterpret_cast<std::uintptr_t>(data) + kPage - 1) & ~(kPage - 1);
-    const std::uintptr_t end = (reinterpret_cast<std::uintptr_t>(data) + size) & ~(kPage - 1);
-    if (end > begin)
-        ::madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE);
+}
+
+DocumentText &DocumentText::operator=(DocumentText &&other) noexcept
+{
+    if (this != &other) {
+        DocumentText gone(std::move(*this));
+        bytes_ = std::exchange(other.bytes_, nullptr);
+        size_ = std::exchange(other.size_, 0);
+        capacity_ = std::exchange(other.capacity_, 0);
+        huge_ = std::exchange(other.huge_, false);
+    }
+    return *this;
+}
+
+DocumentText::~DocumentText()
+{
+    if (huge_)
+        giveBackHugeBlock(bytes_, capacity_);
+    else
+        delete[] bytes_;
+}
+
+void DocumentText::reserve(std::size_t capacity)
+{
+    DocumentText larger;
+    larger.huge_ = capacity >= kHugePageBytes;
+    larger.bytes_ = larger.huge_ ? static_cast<char *>(takeHugeBlock(capacity))
+                                 : new char[std::max<std::size_t>(capacity, 1)];
+    larger.capacity_ = capacity;
+    if (size_ > 0)
+        std::memcpy(larger.bytes_, bytes_, size_);
+    larger.size_ = size_;
+    *this = std::move(larger);
 }
 
 DocumentReading readDocument(const std::string &path)
@@ -91,27 +116,25 @@ DocumentReading readDocument(const std::string &path)
     if (info.st_size < 0 || std::uintmax_t(info.st_size) > kMaxCxFDocumentBytes)
         return failed(DocumentProblem::TooLarge);
 
-    // The size is a hint only: the file may grow or shrink while it is read.
-    std::string text;
-    text.reserve(std::size_t(info.st_size));
-    adviseHugePages(text.data(), text.capacity());
-    constexpr std::size_t kPiece = std::size_t{1} << 16;
+    // The size is a hint only: the file may grow or shrink while it is read. The buffer has one
+    // byte more than the file, so that the end of the file is seen without another buffer, and
+    // grows only for a file that grew meanwhile.
+    DocumentText text;
+    text.reserve(std::size_t(info.st_size) + 1);
     for (;;) {
-        const std::size_t start = text.size();
-        const std::size_t want = std::min(kPiece, kMaxCxFDocumentBytes + 1 - start);
-        text.resize(start + want);
-        const ssize_t got = ::read(fd.get(), text.data() + start, want);
-        if (got < 0 && errno == EINTR) {
-            text.resize(start);
-            continue;
+        if (text.size_ == text.capacity_) {
+            if (text.size_ > kMaxCxFDocumentBytes)
+                return failed(DocumentProblem::TooLarge);
+            text.reserve(std::min(2 * text.capacity_, kMaxCxFDocumentBytes + 1));
         }
-        if (got < 0)
+        const ssize_t n = ::read(fd.get(), text.bytes_ + text.size_, text.capacity_ - text.size_);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0)
             return failed(DocumentProblem::Read, errno);
-        text.resize(start + std::size_t(got));
-        if (text.size() > kMaxCxFDocumentBytes)
-            return failed(DocumentProblem::TooLarge);
-        if (got == 0)
+        if (n == 0)
             break;
+        text.size_ += std::size_t(n);
     }
     if (!isValidUtf8(text))
         return failed(DocumentProblem::InvalidUtf8);
@@ -120,7 +143,7 @@ DocumentReading readDocument(const std::string &path)
     return reading;
 }
 
-std::optional<std::string> readDocumentText(const std::string &path)
+std::optional<DocumentText> readDocumentText(const std::string &path)
 {
     return readDocument(path).text;
 }
@@ -157,10 +180,16 @@ std::size_t utf8SequenceLength(std::string_view text, std::size_t i)
 bool isValidUtf8(std::string_view text)
 {
     for (std::size_t i = 0; i < text.size();) {
-        // Runs of ASCII (no byte with its high bit set) go eight bytes at a time.
+        // Runs of ASCII (no byte with its high bit set) go 32, then eight bytes at a time.
+        constexpr uint64_t kHighBits = 0x8080808080808080u;
+        uint64_t words[4];
+        while (i + sizeof words <= text.size() &&
+               (std::memcpy(words, text.data() + i, sizeof words),
+                ((words[0] | words[1] | words[2] | words[3]) & kHighBits) == 0))
+            i += sizeof words;
         uint64_t word;
-        while (i + sizeof word <= text.size() && (std::memcpy(&word, text.data() + i, sizeof word),
-                                                  (word & 0x8080808080808080u) == 0))
+        while (i + sizeof word <= text.size() &&
+               (std::memcpy(&word, text.data() + i, sizeof word), (word & kHighBits) == 0))
             i += sizeof word;
         if (i == text.size())
             break;

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+struct DocumentReading;
+
 // Why a document gave no text; Read is a system error, with its errno in DocumentReading.
 enum class DocumentProblem {
     None,
@@ -20,8 +22,36 @@ enum class DocumentProblem {
     InvalidUtf8,    // the bytes are not UTF-8
 };
 
+// A document's bytes in a buffer of their own. A large one is whole huge pages, kept for the
+// next document when it goes (HugePages.h): reading tens of megabytes into fresh memory costs
+// a page fault every 4 KiB otherwise. Reads as a std::string_view.
+class DocumentText
+{
+public:
+    DocumentText() noexcept = default;
+    DocumentText(DocumentText &&other) noexcept;
+    DocumentText &operator=(DocumentText &&other) noexcept;
+    ~DocumentText();
+
+    const char *data() const noexcept { return bytes_ ? bytes_ : ""; }
+    std::size_t size() const noexcept { return size_; }
+    bool empty() const noexcept { return size_ == 0; }
+    std::string_view view() const noexcept { return {data(), size_}; }
+    operator std::string_view() const noexcept { return view(); }
+
+private:
+    friend DocumentReading readDocument(const std::string &path);
+    // Room for capacity bytes, the first size_ of them kept. Throws std::bad_alloc.
+    void reserve(std::size_t capacity);
+
+    char *bytes_ = nullptr;
+    std::size_t size_ = 0;
+    std::size_t capacity_ = 0;
+    bool huge_ = false; // from takeHugeBlock
+};
+
 struct DocumentReading {
-    std::optional<std::string> text; // the document, valid UTF-8; absent on any problem
+    std::optional<DocumentText> text; // the document, valid UTF-8; absent on any problem
     DocumentProblem problem = DocumentProblem::None;
     int error = 0; // errno for Open and Read
 
@@ -35,7 +65,7 @@ struct DocumentReading {
 DocumentReading readDocument(const std::string &path);
 
 // readDocument's text alone.
-std::optional<std::string> readDocumentText(const std::string &path);
+std::optional<DocumentText> readDocumentText(const std::string &path);
 
 // True when text is well-formed UTF-8: no stray continuation bytes, overlong forms, surrogates
 // or values past U+10FFFF. For data that arrives without a file (a drag, the clipboard).

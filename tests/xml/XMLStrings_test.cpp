@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <random>
 #include <string>
 
 namespace {
@@ -16,7 +18,8 @@ TEST(XMLStrings, TrimRemovesAsciiAndUnicodeSpaceAtBothEndsOnly)
         {" \t51.2\r\n", "51.2"},
         {"\u00a0a b\u3000", "a b"},
         {"\u0085\u1680\u2000\u200a\u2028\u2029\u202f\u205fz\u2009", "z"},
-        {"\u200bz", "\u200bz"}, // zero-width space is not white space
+        {"\u200bz", "\u200bz"},     // zero-width space is not white space
+        {" \u00a0 b \u2009 ", "b"}, // ASCII and wider spaces mixed
         {"   ", ""},
         {"\xe2\x80", "\xe2\x80"}, // a truncated sequence is left alone
     };
@@ -56,6 +59,22 @@ TEST(XMLStrings, FloatValueRoundsTheLeadingDecimalOnceToFloat)
     for (const auto &[text, value] : cases)
         EXPECT_EQ(floatValue(text), value) << text;
     EXPECT_TRUE(std::signbit(floatValue("-0")));
+}
+
+// Random decimals of up to 9 digits and exponents up to 12: each must round as the C library's
+// correctly rounded strtof does.
+TEST(XMLStrings, FloatValueRoundsShortDecimalsAsStrtof)
+{
+    std::mt19937 random(42);
+    for (int n = 0; n < 200000; ++n) {
+        std::string text = random() % 2 ? "-" : "";
+        const unsigned digits = 1 + random() % 9, point = random() % (digits + 1);
+        for (unsigned k = 0; k < digits; ++k)
+            text += (k == point ? "." : "") + std::to_string(random() % 10);
+        if (random() % 3 == 0)
+            text += "e" + std::to_string(static_cast<int>(random() % 25) - 12);
+        ASSERT_EQ(floatValue(text), std::strtof(text.c_str(), nullptr)) << text;
+    }
 }
 
 } // namespace
