@@ -69,10 +69,13 @@ TEST(XMLStrings, FloatValueRoundsShortDecimalsAsStrtof)
     for (int n = 0; n < 200000; ++n) {
         std::string text = random() % 2 ? "-" : "";
         const unsigned digits = 1 + random() % 9, point = random() % (digits + 1);
-        for (unsigned k = 0; k < digits; ++k)
-            text += (k == point ? "." : "") + std::to_string(random() % 10);
+        for (unsigned k = 0; k < digits; ++k) {
+            if (k == point)
+                text += '.';
+            text += static_cast<char>('0' + random() % 10);
+        }
         if (random() % 3 == 0)
-            text += "e" + std::to_string(static_cast<int>(random() % 25) - 12);
+            text.append("e").append(std::to_string(static_cast<int>(random() % 25) - 12));
         ASSERT_EQ(floatValue(text), std::strtof(text.c_str(), nullptr)) << text;
     }
 }
