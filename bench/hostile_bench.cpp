@@ -8,6 +8,7 @@
 #include "cxf_import.h"
 
 #include "cxf_project.h"
+#include "in_child.h"
 
 #include <chrono>
 #include <cstdio>
@@ -18,9 +19,7 @@
 #include <string>
 #include <vector>
 
-#include <sys/wait.h>
 #include <time.h>
-#include <unistd.h>
 
 namespace {
 
@@ -117,11 +116,7 @@ struct Result {
 
 Result runInChild(const std::string &document)
 {
-    int channel[2];
-    if (pipe(channel) != 0)
-        std::abort();
-    const pid_t pid = fork();
-    if (pid == 0) {
+    const std::optional<Result> measured = resultInChild([&] {
         Result result;
         std::ofstream("/proc/self/clear_refs") << "5" << std::flush; // VmHWM := VmRSS
         const long before = statusKiB("VmRSS:");
@@ -135,17 +130,13 @@ Result runInChild(const std::string &document)
         std::snprintf(result.outcome, sizeof result.outcome, "%s%s%s",
                       std::string(refusalMessage(outcome)).c_str(),
                       outcome.detail.empty() ? "" : ": ", outcome.detail.c_str());
-        if (write(channel[1], &result, sizeof result) != sizeof result)
-            _exit(1);
-        _exit(0);
-    }
-    close(channel[1]);
-    Result result;
-    if (read(channel[0], &result, sizeof result) != sizeof result)
-        std::snprintf(result.outcome, sizeof result.outcome, "child failed");
-    close(channel[0]);
-    waitpid(pid, nullptr, 0);
-    return result;
+        return result;
+    });
+    if (measured)
+        return *measured;
+    Result failed;
+    std::snprintf(failed.outcome, sizeof failed.outcome, "child failed");
+    return failed;
 }
 
 } // namespace

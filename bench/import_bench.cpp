@@ -14,6 +14,7 @@
 #include "XMLReader.h"
 #include "cxf_import.h"
 #include "cxf_project.h"
+#include "in_child.h"
 #include "raw_expat.h"
 
 #include <benchmark/benchmark.h>
@@ -29,8 +30,6 @@
 #include <string>
 
 #include <malloc.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 // --- Heap accounting ------------------------------------------------------------------------
 
@@ -195,11 +194,7 @@ struct Figures {
 
 template <typename Work> Figures measureInChild(Work work, int runs)
 {
-    int channel[2];
-    if (pipe(channel) != 0)
-        std::abort();
-    const pid_t pid = fork();
-    if (pid == 0) {
+    const std::optional<Figures> measured = resultInChild([&] {
         Figures figures;
         std::ofstream clearRefs("/proc/self/clear_refs");
         clearRefs << "5" << std::flush; // resets VmHWM to the current resident set
@@ -218,17 +213,11 @@ template <typename Work> Figures measureInChild(Work work, int runs)
             const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
             figures.bestSeconds = std::min(figures.bestSeconds, elapsed.count());
         }
-        if (write(channel[1], &figures, sizeof figures) != sizeof figures)
-            _exit(1);
-        _exit(0);
-    }
-    close(channel[1]);
-    Figures figures;
-    if (read(channel[0], &figures, sizeof figures) != sizeof figures)
+        return figures;
+    });
+    if (!measured)
         std::abort();
-    close(channel[0]);
-    waitpid(pid, nullptr, 0);
-    return figures;
+    return *measured;
 }
 
 void printSummary()
